@@ -1,0 +1,21 @@
+// Corvane: the data layer of the manufacturing and sales management system.
+// Including this header gives every public class of the library.
+#ifndef CORVANE_CORVANE_H_
+#define CORVANE_CORVANE_H_
+
+#include "corvane/frame/collection.h"
+#include "corvane/frame/connection.h"
+#include "corvane/frame/date.h"
+#include "corvane/frame/error.h"
+#include "corvane/frame/host.h"
+#include "corvane/frame/recordset.h"
+#include "corvane/frame/report.h"
+#include "corvane/frame/session.h"
+#include "corvane/frame/text.h"
+#include "corvane/frame/variant.h"
+
+#include "corvane/entities/order_type.h"
+
+#include "corvane/orders/order_type.h"
+
+#endif  // CORVANE_CORVANE_H_

@@ -1,0 +1,54 @@
+// corvane::Error is the one failure type of the library: a 32-bit number and a
+// description, in the manner of the automation errors the repositories were
+// written against. It travels inside the library and ends in a method's
+// handler; only a repository constructor lets it out to the caller.
+#ifndef CORVANE_FRAME_ERROR_H_
+#define CORVANE_FRAME_ERROR_H_
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace corvane {
+
+class Error : public std::exception {
+ public:
+  Error(std::int32_t number, std::string description);
+
+  std::int32_t Number() const noexcept { return number_; }
+  const std::string& Description() const noexcept { return description_; }
+  const char* what() const noexcept override { return description_.c_str(); }
+
+ private:
+  std::int32_t number_;
+  std::string description_;
+};
+
+// The failure numbers the library raises itself.
+namespace errc {
+
+constexpr std::int32_t Hr(std::uint32_t value) { return static_cast<std::int32_t>(value); }
+
+// Runtime failures of the host's value conversions.
+inline constexpr std::int32_t kOverflow = 6;
+inline constexpr std::int32_t kSubscriptOutOfRange = 9;
+inline constexpr std::int32_t kTypeMismatch = 13;
+inline constexpr std::int32_t kInvalidUseOfNull = 94;
+inline constexpr std::int32_t kObjectRequired = 424;
+
+// Recordset failures.
+inline constexpr std::int32_t kObjectOpen = Hr(0x800A0E79);      // open, or property set, while open
+inline constexpr std::int32_t kObjectClosed = Hr(0x800A0E78);    // Close or a read while closed
+inline constexpr std::int32_t kNoCurrentRecord = Hr(0x800A0BCD); // BOF or EOF, or the row is gone
+inline constexpr std::int32_t kItemNotFound = Hr(0x800A0CC1);    // no such column in the rowset
+inline constexpr std::int32_t kReadOnly = Hr(0x800A0CB3);        // the rowset does not allow it
+inline constexpr std::int32_t kNotAllowed = Hr(0x800A0C93);      // not allowed in this context
+inline constexpr std::int32_t kNoConnection = Hr(0x800A0E7D);    // no open connection to use
+inline constexpr std::int32_t kRowDeleted = Hr(0x80040E23);      // the current row was deleted
+inline constexpr std::int32_t kMultipleStep = Hr(0x80040E21);    // the value does not fit the column
+inline constexpr std::int32_t kProvider = Hr(0x80004005);        // any other failure of the server
+
+}  // namespace errc
+}  // namespace corvane
+
+#endif  // CORVANE_FRAME_ERROR_H_

@@ -1,0 +1,55 @@
+// A column of a rowset, and the passage of its values between the server's
+// text and the runtime's values: what a read gives, and what a write sends.
+#ifndef CORVANE_FRAME_INTERNAL_COLUMN_H_
+#define CORVANE_FRAME_INTERNAL_COLUMN_H_
+
+#include <mysql.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "corvane/frame/variant.h"
+
+namespace corvane::internal {
+
+class Link;
+
+struct Column {
+  std::string name;       // as the statement names it
+  std::string lower;      // name in lower case, for look-ups
+  std::string base_name;  // the column of the base table, if any
+  std::string table;      // the base table, if any
+  std::string db;
+  enum_field_types type = MYSQL_TYPE_NULL;
+  unsigned flags = 0;
+  unsigned long length = 0;  // bytes
+  unsigned charsetnr = 0;
+  unsigned char_width = 1;   // bytes per character of text columns
+
+  static Column From(const MYSQL_FIELD& f, unsigned char_width);
+
+  bool binary() const { return charsetnr == 63; }
+  bool updatable() const { return !table.empty() && !base_name.empty(); }
+  // Characters for text, bytes for binary, the display length otherwise.
+  std::int64_t DefinedSize() const;
+};
+
+// A cell as the server sends it in text form; no value is null.
+using Cell = std::optional<std::string>;
+
+// The runtime value of a cell of this column.
+Variant ReadCell(const Column& column, const Cell& cell);
+
+// The cell a written value becomes, in the server's text form. A value that
+// cannot become a value of the column (too long, out of range, no number, no
+// date) throws the failure of a value that does not fit (0x80040E21).
+Cell WriteCell(const Column& column, const Variant& value);
+
+// The SQL literal of a cell of this column; as_key asks for exact byte
+// comparison of text.
+std::string Literal(const Column& column, const Cell& cell, const Link& link, bool as_key);
+
+}  // namespace corvane::internal
+
+#endif  // CORVANE_FRAME_INTERNAL_COLUMN_H_

@@ -1,0 +1,63 @@
+// Parsing connection texts.
+#include "corvane/frame/internal/connection_text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <string>
+
+namespace corvane::internal {
+namespace {
+
+std::string Trim(const std::string& s) {
+  const auto first = s.find_first_not_of(" \t");
+  if (first == std::string::npos) return "";
+  const auto last = s.find_last_not_of(" \t");
+  return s.substr(first, last - first + 1);
+}
+
+std::string Upper(std::string s) {
+  std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return std::toupper(c); });
+  return s;
+}
+
+}  // namespace
+
+ConnectionParams ParseConnectionText(const std::string& text) {
+  ConnectionParams params;
+  std::size_t pos = 0;
+  while (pos <= text.size()) {
+    // A value in braces may hold semicolons.
+    std::size_t end = pos;
+    bool in_braces = false;
+    while (end < text.size() && (in_braces || text[end] != ';')) {
+      if (text[end] == '{') in_braces = true;
+      if (text[end] == '}') in_braces = false;
+      ++end;
+    }
+    const std::string item = text.substr(pos, end - pos);
+    const auto eq = item.find('=');
+    if (eq != std::string::npos) {
+      const std::string name = Upper(Trim(item.substr(0, eq)));
+      const std::string value = Trim(item.substr(eq + 1));
+      if (name == "SERVER") {
+        params.server = value;
+      } else if (name == "PORT") {
+        params.port = static_cast<unsigned>(std::strtoul(value.c_str(), nullptr, 10));
+      } else if (name == "SOCKET") {
+        params.socket = value;
+      } else if (name == "DATABASE") {
+        params.database = value;
+      } else if (name == "UID" || name == "USER") {
+        params.user = value;
+      } else if (name == "PWD" || name == "PASSWORD") {
+        params.password = value;
+      }
+    }
+    if (end >= text.size()) break;
+    pos = end + 1;
+  }
+  return params;
+}
+
+}  // namespace corvane::internal

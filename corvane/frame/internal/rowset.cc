@@ -1,0 +1,314 @@
+// Rowsets: reading, adding, changing and deleting rows of an open recordset.
+#include "corvane/frame/internal/rowset.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "corvane/frame/error.h"
+#include "corvane/frame/host.h"
+
+namespace corvane::internal {
+namespace {
+
+std::string Lower(std::string_view s) {
+  std::string out(s);
+  std::transform(out.begin(), out.end(), out.begin(),
+                 [](unsigned char c) { return std::tolower(c); });
+  return out;
+}
+
+std::string QuoteName(const std::string& name) {
+  std::string out = "`";
+  for (char c : name) {
+    if (c == '`') out += '`';
+    out += c;
+  }
+  return out + "`";
+}
+
+std::string TableName(const Column& c) {
+  return (c.db.empty() ? "" : QuoteName(c.db) + ".") + QuoteName(c.table);
+}
+
+bool SameTable(const Column& a, const Column& b) {
+  return Lower(a.table) == Lower(b.table) && Lower(a.db) == Lower(b.db);
+}
+
+}  // namespace
+
+Rowset::Rowset(std::shared_ptr<Connection> connection, MYSQL_RES* result, bool streaming,
+               int lock_type)
+    : connection_(std::move(connection)),
+      link_(connection_->link()),
+      result_(result),
+      streaming_(streaming),
+      lock_type_(lock_type) {
+  const unsigned n = mysql_num_fields(result_);
+  const MYSQL_FIELD* fields = mysql_fetch_fields(result_);
+  columns_.reserve(n);
+  for (unsigned i = 0; i < n; ++i) {
+    columns_.push_back(Column::From(fields[i], link_.CharWidth()));
+    index_.emplace(columns_.back().lower, i);  // the first of equal names wins
+  }
+  pending_.resize(n);
+  if (streaming_) {
+    link_.BeginStreaming(this);
+  } else {
+    record_count_ = static_cast<std::int32_t>(mysql_num_rows(result_));
+  }
+  if (Fetch(&current_)) {
+    bof_ = eof_ = false;
+  }
+}
+
+Rowset::~Rowset() { FinishResult(false); }
+
+void Rowset::LetGo() { FinishResult(mode_ != Mode::kAdd); }
+
+void Rowset::FinishResult(bool keep_rows) {
+  if (result_ == nullptr) return;
+  if (keep_rows) {
+    Row row;
+    while (true) {
+      MYSQL_ROW r = mysql_fetch_row(result_);
+      if (r == nullptr) break;
+      const unsigned long* lengths = mysql_fetch_lengths(result_);
+      row.assign(columns_.size(), std::nullopt);
+      for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (r[i] != nullptr) row[i].emplace(r[i], lengths[i]);
+      }
+      ahead_.push_back(std::move(row));
+    }
+  }
+  mysql_free_result(result_);  // reads and drops what is left on the wire
+  result_ = nullptr;
+  if (streaming_) link_.EndStreaming(this);
+}
+
+bool Rowset::Fetch(Row* row) {
+  if (!ahead_.empty()) {
+    *row = std::move(ahead_.front());
+    ahead_.pop_front();
+    return true;
+  }
+  if (result_ == nullptr) return false;
+  MYSQL_RES* const result = result_;
+  MYSQL_ROW r = mysql_fetch_row(result);
+  if (r == nullptr) {
+    FinishResult(false);
+    return false;
+  }
+  const unsigned long* lengths = mysql_fetch_lengths(result);
+  row->assign(columns_.size(), std::nullopt);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (r[i] != nullptr) (*row)[i].emplace(r[i], lengths[i]);
+  }
+  return true;
+}
+
+std::size_t Rowset::Find(std::string_view name) const {
+  const auto it = index_.find(Lower(name));
+  if (it == index_.end()) {
+    throw Error(errc::kItemNotFound,
+                "Item cannot be found in the collection corresponding to the requested name or "
+                "ordinal: " +
+                    std::string(name));
+  }
+  return it->second;
+}
+
+void Rowset::RequireRow() const {
+  if (bof_ || eof_) {
+    throw Error(errc::kNoCurrentRecord,
+                "Either BOF or EOF is True, or the current record has been deleted");
+  }
+}
+
+void Rowset::RequireWritable() const {
+  if (lock_type_ == 1) {
+    throw Error(errc::kReadOnly, "The operation is not allowed: the recordset is read-only");
+  }
+}
+
+Variant Rowset::Value(std::size_t i) const {
+  if (mode_ != Mode::kNone && pending_[i]) return ReadCell(columns_[i], *pending_[i]);
+  if (mode_ == Mode::kAdd) return Variant::Null();
+  RequireRow();
+  if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
+  return ReadCell(columns_[i], current_[i]);
+}
+
+void Rowset::MoveNext() {
+  if (mode_ != Mode::kNone) Update();
+  if (eof_) {
+    throw Error(errc::kNoCurrentRecord,
+                "Either BOF or EOF is True, or the current record has been deleted");
+  }
+  deleted_ = false;
+  if (Fetch(&current_)) {
+    bof_ = false;
+  } else {
+    current_.clear();
+    eof_ = true;
+  }
+}
+
+void Rowset::Write(std::size_t i, const Variant& value) {
+  RequireWritable();
+  if (mode_ != Mode::kAdd) {
+    RequireRow();
+    if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
+  }
+  const Column& c = columns_[i];
+  if (!c.updatable()) {
+    throw Error(errc::kReadOnly, "The column " + c.name + " cannot be written");
+  }
+  pending_[i] = WriteCell(c, value);
+  if (mode_ == Mode::kNone) mode_ = Mode::kEdit;
+}
+
+void Rowset::AddNew() {
+  RequireWritable();
+  if (mode_ != Mode::kNone) Update();
+  mode_ = Mode::kAdd;
+  std::fill(pending_.begin(), pending_.end(), std::nullopt);
+  saved_bof_ = bof_;
+  saved_eof_ = eof_;
+  bof_ = eof_ = false;
+}
+
+const Column& Rowset::BaseOf(const std::vector<std::size_t>& written) const {
+  if (!written.empty()) return columns_[written.front()];
+  for (const Column& c : columns_) {
+    if (c.updatable()) return c;
+  }
+  throw Error(errc::kReadOnly, "The rowset has no base table to change");
+}
+
+std::string Rowset::Identity(const Column& base) {
+  const TableInfo& info = link_.Table(base.db, base.table);
+  std::vector<std::size_t> mine;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (columns_[i].updatable() && SameTable(columns_[i], base)) mine.push_back(i);
+  }
+  // The primary key when the rowset holds all of it, else every column.
+  std::vector<std::size_t> key;
+  if (!info.primary_key.empty()) {
+    for (const std::string& k : info.primary_key) {
+      const auto it = std::find_if(mine.begin(), mine.end(), [&](std::size_t i) {
+        return Lower(columns_[i].base_name) == k;
+      });
+      if (it == mine.end()) {
+        key.clear();
+        break;
+      }
+      key.push_back(*it);
+    }
+  }
+  if (key.empty()) key = mine;
+  std::string where;
+  for (std::size_t i : key) {
+    if (!where.empty()) where += " AND ";
+    where += QuoteName(columns_[i].base_name) + " <=> " +
+             Literal(columns_[i], current_[i], link_, true);
+  }
+  return " WHERE " + where + " LIMIT 1";
+}
+
+void Rowset::Send(const std::string& sql) {
+  MYSQL_RES* r = link_.Run(StatementKind::kRowChange, sql, false);
+  if (r != nullptr) mysql_free_result(r);
+}
+
+void Rowset::Update() {
+  if (mode_ == Mode::kAdd) {
+    std::vector<std::size_t> written;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      if (pending_[i]) written.push_back(i);
+    }
+    const Column& base = BaseOf(written);
+    std::string names, values;
+    for (std::size_t i : written) {
+      if (!names.empty()) {
+        names += ",";
+        values += ",";
+      }
+      names += QuoteName(columns_[i].base_name);
+      values += Literal(columns_[i], *pending_[i], link_, false);
+    }
+    Send("INSERT INTO " + TableName(base) + " (" + names + ") VALUES (" + values + ")");
+    // The new row is the current row; the rows that were not read are gone.
+    Row row(columns_.size(), std::nullopt);
+    for (std::size_t i : written) row[i] = *pending_[i];
+    current_ = std::move(row);
+    ahead_.clear();
+    FinishResult(false);
+    std::fill(pending_.begin(), pending_.end(), std::nullopt);
+    mode_ = Mode::kNone;
+    deleted_ = false;
+    bof_ = eof_ = false;
+    return;
+  }
+  if (mode_ == Mode::kNone) {
+    RequireRow();
+    return;  // nothing pending: nothing to send
+  }
+  std::vector<std::size_t> written;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (pending_[i]) written.push_back(i);
+  }
+  const Column& base = BaseOf(written);
+  std::string set;
+  for (std::size_t i : written) {
+    if (!set.empty()) set += ",";
+    set += QuoteName(columns_[i].base_name) + "=" + Literal(columns_[i], *pending_[i], link_, false);
+  }
+  const std::string sql = "UPDATE " + TableName(base) + " SET " + set + Identity(base);
+  if (lock_type_ == 4) {
+    batch_.push_back(sql);
+  } else {
+    Send(sql);
+  }
+  for (std::size_t i : written) current_[i] = *pending_[i];
+  std::fill(pending_.begin(), pending_.end(), std::nullopt);
+  mode_ = Mode::kNone;
+}
+
+void Rowset::UpdateBatch() {
+  if (mode_ != Mode::kNone) Update();
+  std::vector<std::string> batch;
+  batch.swap(batch_);
+  for (const std::string& sql : batch) Send(sql);
+}
+
+void Rowset::Delete() {
+  RequireWritable();
+  if (mode_ == Mode::kAdd) {  // deleting the new row drops it
+    Abandon();
+    return;
+  }
+  RequireRow();
+  if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
+  std::fill(pending_.begin(), pending_.end(), std::nullopt);
+  mode_ = Mode::kNone;
+  const Column& base = BaseOf({});
+  const std::string sql = "DELETE FROM " + TableName(base) + Identity(base);
+  if (lock_type_ == 4) {
+    batch_.push_back(sql);
+  } else {
+    Send(sql);
+  }
+  deleted_ = true;
+}
+
+void Rowset::Abandon() {
+  if (mode_ == Mode::kAdd) {
+    bof_ = saved_bof_;
+    eof_ = saved_eof_;
+  }
+  std::fill(pending_.begin(), pending_.end(), std::nullopt);
+  mode_ = Mode::kNone;
+  batch_.clear();
+}
+
+}  // namespace corvane::internal

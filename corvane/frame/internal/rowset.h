@@ -1,0 +1,90 @@
+// The open state of a recordset: its columns, the current row, the rows read
+// ahead, the result still streaming from the server, and the row being added
+// or changed.
+#ifndef CORVANE_FRAME_INTERNAL_ROWSET_H_
+#define CORVANE_FRAME_INTERNAL_ROWSET_H_
+
+#include <mysql.h>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "corvane/frame/connection.h"
+#include "corvane/frame/internal/column.h"
+#include "corvane/frame/internal/link.h"
+#include "corvane/frame/variant.h"
+
+namespace corvane::internal {
+
+using Row = std::vector<Cell>;
+
+class Rowset final : public Streamer {
+ public:
+  // Takes the result of a statement just run on connection.
+  Rowset(std::shared_ptr<Connection> connection, MYSQL_RES* result, bool streaming, int lock_type);
+  ~Rowset();
+  Rowset(const Rowset&) = delete;
+  Rowset& operator=(const Rowset&) = delete;
+
+  // Streamer: the wire is needed for another statement.
+  void LetGo() override;
+
+  bool bof() const { return bof_; }
+  bool eof() const { return eof_; }
+  std::int32_t record_count() const { return record_count_; }
+  bool editing() const { return mode_ != Mode::kNone; }
+
+  std::size_t Find(std::string_view name) const;  // throws item not found
+  const Column& column(std::size_t i) const { return columns_[i]; }
+  Variant Value(std::size_t i) const;
+
+  void MoveNext();
+  void Write(std::size_t i, const Variant& value);
+  void AddNew();
+  void Update();
+  void UpdateBatch();
+  void Delete();
+  // Drops a pending AddNew or edit, and whatever the batch held back.
+  void Abandon();
+
+ private:
+  enum class Mode { kNone, kEdit, kAdd };
+
+  bool Fetch(Row* row);  // the next row, from the rows read ahead or the wire
+  void FinishResult(bool keep_rows);
+  void RequireRow() const;
+  void RequireWritable() const;
+  // The table a change of the current row goes to.
+  const Column& BaseOf(const std::vector<std::size_t>& written) const;
+  std::string Identity(const Column& base);
+  void Send(const std::string& sql);
+
+  std::shared_ptr<Connection> connection_;
+  Link& link_;
+  MYSQL_RES* result_;
+  bool streaming_;
+  int lock_type_;
+  std::vector<Column> columns_;
+  std::unordered_map<std::string, std::size_t> index_;
+  std::deque<Row> ahead_;
+  Row current_;
+  bool bof_ = true;
+  bool eof_ = true;
+  bool deleted_ = false;
+  std::int32_t record_count_ = -1;
+
+  Mode mode_ = Mode::kNone;
+  std::vector<std::optional<Cell>> pending_;  // per column: written in this edit
+  bool saved_bof_ = true, saved_eof_ = true;
+  std::vector<std::string> batch_;  // held back under batch optimistic locking
+};
+
+}  // namespace corvane::internal
+
+#endif  // CORVANE_FRAME_INTERNAL_ROWSET_H_

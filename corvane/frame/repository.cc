@@ -1,0 +1,106 @@
+// The repository frame.
+#include "corvane/frame/repository.h"
+
+#include <new>
+
+namespace corvane {
+namespace {
+
+constexpr char kTitle[] = "塔恩维克";
+constexpr char kAlertTitle[] = "错误提示";
+constexpr char kLengthWords[] = "你输入的内容超过了允许长度，请检查";
+constexpr int kInformation = 64;
+constexpr int kCritical = 16;
+
+}  // namespace
+
+Report ReportFor(Handling::Report kind, const Error& failure) {
+  switch (kind) {
+    case Handling::Report::kLength:
+      if (failure.Number() == errc::kMultipleStep) return Report{kLengthWords, kInformation, kTitle};
+      return Report{failure.Description(), kInformation, kTitle};
+    case Handling::Report::kAlert:
+      return Report{failure.Description(), kCritical, kAlertTitle};
+    case Handling::Report::kPlain:
+      break;
+  }
+  return Report{failure.Description(), kInformation, kTitle};
+}
+
+Repository::Repository() { session().Open(); }
+
+Repository::~Repository() {
+  try {
+    session().Close();
+  } catch (...) {
+    // A failure of the release has no one to go to.
+  }
+}
+
+Recordset& Repository::rs() {
+  if (!rs_) rs_ = std::make_unique<Recordset>();
+  return *rs_;
+}
+
+Recordset& Repository::FreshRs() {
+  auto fresh = std::make_unique<Recordset>();
+  rs_.swap(fresh);
+  return *rs_;
+}
+
+void Repository::ReadOpen(const std::string& sql) {
+  rs().SetSource(sql);
+  rs().SetActiveConnection(session().Connection());
+  rs().Open();
+}
+
+void Repository::Open(const std::string& sql, int cursor_type, int lock_type) {
+  rs().Open(sql, session().Connection(), cursor_type, lock_type, -1);
+}
+
+void Repository::KeysetEdit(const std::string& sql) {
+  rs().SetCursorType(Recordset::kKeyset);
+  rs().SetLockType(Recordset::kOptimistic);
+  rs().Open(sql, session().Connection(), -1, -1, 1);
+}
+
+void Repository::KeysetEditByReadOpen(const std::string& sql) {
+  rs().SetCursorType(Recordset::kKeyset);
+  rs().SetLockType(Recordset::kOptimistic);
+  ReadOpen(sql);
+}
+
+void Repository::KeysetEditWithDefaults(const std::string& sql) {
+  rs().SetCursorType(Recordset::kKeyset);
+  rs().SetLockType(Recordset::kOptimistic);
+  rs().Open(sql, session().Connection(), -1, -1, -1);
+}
+
+Variant Repository::Nz(std::string_view null_test_column, std::string_view value_column,
+                       const Variant& fallback) {
+  const bool is_null = rs().Fields(null_test_column).Value().IsNull();
+  Variant value = rs().Fields(value_column).Value();
+  return is_null ? fallback : value;
+}
+
+Error Repository::CurrentFailure() {
+  try {
+    throw;
+  } catch (const Error& e) {
+    return e;
+  } catch (const std::bad_alloc&) {
+    return Error(7, "Out of memory");
+  } catch (const std::exception& e) {
+    return Error(errc::kProvider, e.what());
+  } catch (...) {
+    return Error(errc::kProvider, "Unexpected failure");
+  }
+}
+
+void Repository::Handle(Handling handling, const Error& failure) {
+  if (handling.reset && handling.reset_first) ResetRs();
+  ShowReport(ReportFor(handling.report, failure));
+  if (handling.reset && !handling.reset_first) ResetRs();
+}
+
+}  // namespace corvane

@@ -1,0 +1,155 @@
+// The frame every repository class stands on: its two members, session and
+// rs, the open modes, the row test, the NZ read, the column write, the
+// collection fill, and the method guard with its three reports. A repository
+// method is written as the steps of its statement: the text, the open mode,
+// the row test, the column copies, the result.
+//
+//   std::int16_t clsDataBOrderType::AddRecord(clsEntBOrderType& Entity) {
+//     std::int16_t result = 0;
+//     Guard(kLengthReport, [&] {
+//       ReadOpen("select * from T_BOrderType where F_OrderType = '" + Entity.OrderType + "'");
+//       ...
+//     }, [&] { result = 0; });
+//     return result;
+//   }
+#ifndef CORVANE_FRAME_REPOSITORY_H_
+#define CORVANE_FRAME_REPOSITORY_H_
+
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "corvane/frame/collection.h"
+#include "corvane/frame/date.h"
+#include "corvane/frame/error.h"
+#include "corvane/frame/recordset.h"
+#include "corvane/frame/report.h"
+#include "corvane/frame/session.h"
+#include "corvane/frame/text.h"
+#include "corvane/frame/variant.h"
+
+namespace corvane {
+
+// The report a method shows when it fails, and how its handler treats rs.
+struct Handling {
+  enum class Report { kPlain, kLength, kAlert };
+  Report report = Report::kPlain;
+  bool reset = true;         // the handler sets rs to nothing
+  bool reset_first = false;  // ... before the message box rather than after
+
+  constexpr Handling ResetFirst() const { return Handling{report, reset, true}; }
+  constexpr Handling WithoutReset() const { return Handling{report, false, false}; }
+};
+
+// Plain report: the failure's description, style 64, title "塔恩维克".
+inline constexpr Handling kPlainReport{Handling::Report::kPlain};
+// Length report: fixed words for a value that does not fit, else as plain.
+inline constexpr Handling kLengthReport{Handling::Report::kLength};
+// Alert report: the failure's description, style 16, title "错误提示".
+inline constexpr Handling kAlertReport{Handling::Report::kAlert};
+
+// The report a handling shows for a failure.
+Report ReportFor(Handling::Report kind, const Error& failure);
+
+class Repository {
+ public:
+  Repository(const Repository&) = delete;
+  Repository& operator=(const Repository&) = delete;
+
+ protected:
+  // Opens the session; a failure leaves the constructor.
+  Repository();
+  // Closes the session; rs is released after it.
+  ~Repository();
+
+  clsDbSession& session() { return session_; }
+  // rs is created on first use: every use finds one.
+  Recordset& rs();
+  // Sets rs to nothing; an open recordset closes with its release.
+  void ResetRs() { rs_.reset(); }
+  // Replaces rs by a new recordset.
+  Recordset& FreshRs();
+
+  // The open modes.
+  // Source and ActiveConnection set, then Open with everything defaulted.
+  void ReadOpen(const std::string& sql);
+  // open(c,l): Open with the text, the connection, c, l and options -1.
+  void Open(const std::string& sql, int cursor_type, int lock_type);
+  // CursorType 1 and LockType 3 set, then Open with -1, -1 and options 1.
+  void KeysetEdit(const std::string& sql);
+  // CursorType 1 and LockType 3 set, then a read-open.
+  void KeysetEditByReadOpen(const std::string& sql);
+  // CursorType 1 and LockType 3 set, then Open with -1, -1 and -1.
+  void KeysetEditWithDefaults(const std::string& sql);
+
+  // The row test: BOF and EOF both true.
+  bool NoRow() { return rs().Bof() && rs().Eof(); }
+
+  // The NZ read: the field fetched and tested for null, fetched again, the
+  // fallback taken when it was null. Convert the result with C...().
+  Variant Nz(std::string_view column, const Variant& fallback) {
+    return Nz(column, column, fallback);
+  }
+  // The same where the null test and the value name the column differently.
+  Variant Nz(std::string_view null_test_column, std::string_view value_column,
+             const Variant& fallback);
+  // A read with no null test.
+  Variant Value(std::string_view column) { return rs().Fields(column).Value(); }
+  // A column write: rs.Collect(column) = value.
+  void Write(std::string_view column, const Variant& value) { rs().SetCollect(column, value); }
+
+  // The collection fill: while not EOF, a new entity, the reads, MoveNext,
+  // the entity added at the end of the caller's collection (a null collection
+  // fails with object required); then Close.
+  enum class AddOrder { kAfterMoveNext, kBeforeMoveNext };
+  template <class T, class Reads>
+  void FillCollection(Collection<T>* collection, Reads&& reads,
+                      AddOrder order = AddOrder::kAfterMoveNext) {
+    while (!rs().Eof()) {
+      auto entity = std::make_shared<T>();
+      reads(*entity);
+      if (order == AddOrder::kBeforeMoveNext) AddTo(collection, entity);
+      rs().MoveNext();
+      if (order == AddOrder::kAfterMoveNext) AddTo(collection, entity);
+    }
+    rs().Close();
+  }
+
+  // The method guard: runs body; a failure of any kind runs on_failure (the
+  // result's failure value), shows the report, resets rs as handling says,
+  // and ends the method.
+  template <class Body, class OnFailure>
+  void Guard(Handling handling, Body&& body, OnFailure&& on_failure) {
+    try {
+      body();
+    } catch (...) {
+      const Error failure = CurrentFailure();
+      on_failure();
+      Handle(handling, failure);
+    }
+  }
+  template <class Body>
+  void Guard(Handling handling, Body&& body) {
+    Guard(handling, std::forward<Body>(body), [] {});
+  }
+
+ private:
+  template <class T>
+  static void AddTo(Collection<T>* collection, std::shared_ptr<T> entity) {
+    if (collection == nullptr) throw Error(errc::kObjectRequired, "Object required");
+    collection->Add(std::move(entity));
+  }
+  // The failure in flight as a corvane::Error.
+  static Error CurrentFailure();
+  void Handle(Handling handling, const Error& failure);
+
+  clsDbSession session_;
+  std::unique_ptr<Recordset> rs_;
+};
+
+}  // namespace corvane
+
+#endif  // CORVANE_FRAME_REPOSITORY_H_
