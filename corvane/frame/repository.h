@@ -54,16 +54,13 @@ inline constexpr Handling kAlertReport{Handling::Report::kAlert};
 // The report a handling shows for a failure.
 Report ReportFor(Handling::Report kind, const Error& failure);
 
+// The base of every repository class. Its operations are public so that the
+// shared mechanisms (numbering, rights) can run them on a repository; the
+// classes inherit privately, so none of it is visible to their clients.
 class Repository {
  public:
   Repository(const Repository&) = delete;
   Repository& operator=(const Repository&) = delete;
-
- protected:
-  // Opens the session; a failure leaves the constructor.
-  Repository();
-  // Closes the session; rs is released after it.
-  ~Repository();
 
   clsDbSession& session() { return session_; }
   // rs is created on first use: every use finds one.
@@ -135,6 +132,12 @@ class Repository {
   void Guard(Handling handling, Body&& body) {
     Guard(handling, std::forward<Body>(body), [] {});
   }
+
+ protected:
+  // Opens the session; a failure leaves the constructor.
+  Repository();
+  // Closes the session; rs is released after it.
+  ~Repository();
 
  private:
   template <class T>

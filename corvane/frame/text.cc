@@ -42,7 +42,7 @@ bool ConsumeChar(std::string_view* text, char c) {
   return true;
 }
 
-// The digits of a run of digits, as a view, taken off the front of *text.
+// The run of digits at the front of *text (maybe empty), taken off it.
 std::string_view TakeDigitRun(std::string_view* text) {
   std::size_t n = 0;
   while (n < text->size() && IsDigit((*text)[n])) ++n;

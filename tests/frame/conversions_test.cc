@@ -267,7 +267,7 @@ TEST(TextTest, DoublesChooseTheFormAfterRounding) {
   EXPECT_EQ("0.1", Text(0.09999999999999999));
 }
 
-TEST(TextTest, DoublesSpecial) {
+TEST(TextTest, ZeroAndNonFiniteDoubles) {
   EXPECT_EQ("0", Text(0.0));
   EXPECT_EQ("0", Text(-0.0));
   EXPECT_EQ("NaN", Text(kNaN));

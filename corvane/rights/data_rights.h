@@ -1,0 +1,26 @@
+// Data rights: a user limited to certain customers ("C") or suppliers ("S")
+// has rows in t_dataright for that module; a user with none sees everything.
+// Each listing that honours rights keeps its two statement texts, one joined
+// to t_dataright and one plain; the test below chooses between them.
+#ifndef CORVANE_RIGHTS_DATA_RIGHTS_H_
+#define CORVANE_RIGHTS_DATA_RIGHTS_H_
+
+#include <string>
+
+#include "corvane/frame/repository.h"
+
+namespace corvane::rights {
+
+enum class Module { kCustomers, kSuppliers };  // "C", "S"
+enum class FreshRs { kNo, kYes };
+
+// Asks t_dataright whether UserId has rows for module (a new rs first when
+// fresh says so), leaves rs a new recordset, and returns filtered when the
+// user has rows, unfiltered when BOF or EOF says there are none.
+const std::string& Choose(Repository& repo, Module module, const std::string& UserId,
+                          FreshRs fresh, const std::string& filtered,
+                          const std::string& unfiltered);
+
+}  // namespace corvane::rights
+
+#endif  // CORVANE_RIGHTS_DATA_RIGHTS_H_
