@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, starts the sandbox server and runs the
+# whole test suite. With --sanitize the build is made with AddressSanitizer
+# and UBSan into build-asan/.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+
+scripts/install-deps.sh
+extra=()
+if [ "${1:-}" = "--sanitize" ]; then
+  export CORVANE_BUILD=$root/build-asan
+  extra=(-DCORVANE_SANITIZE=ON)
+  export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+  export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+fi
+build=${CORVANE_BUILD:-$root/build}
+scripts/build.sh "${extra[@]}"
+scripts/sandbox.sh start
+ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
