@@ -4,7 +4,7 @@
 # and GoogleTest (Debian packages).
 set -euo pipefail
 
-packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev)
+packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")

@@ -84,12 +84,6 @@ std::size_t Utf8Length(const std::string& s) {
   return n;
 }
 
-std::string TwoDigits(int v) {
-  char buf[8];
-  std::snprintf(buf, sizeof buf, "%02d", v);
-  return buf;
-}
-
 struct IntRange {
   double min, max;
 };
@@ -207,7 +201,8 @@ Cell WriteCell(const Column& column, const Variant& value) {
       std::snprintf(buf, sizeof buf, "%04d-%02d-%02d", p.year, p.month, p.day);
       std::string out = buf;
       if (t != MYSQL_TYPE_DATE && t != MYSQL_TYPE_NEWDATE) {
-        out += " " + TwoDigits(p.hour) + ":" + TwoDigits(p.minute) + ":" + TwoDigits(p.second);
+        std::snprintf(buf, sizeof buf, " %02d:%02d:%02d", p.hour, p.minute, p.second);
+        out += buf;
       }
       return out;
     }
@@ -253,9 +248,15 @@ std::string Literal(const Column& column, const Cell& cell, const Link& link, bo
     for (unsigned char c : *cell) v = (v << 8) | c;
     return std::to_string(v);
   }
-  const std::string quoted = "'" + link.Escape(*cell) + "'";
+  std::string quoted = link.Escape(*cell);
+  quoted.insert(quoted.begin(), '\'');
+  quoted.push_back('\'');
   if (IsDate(t) || IsTime(t)) return quoted;
-  if (column.binary() || as_key) return "_binary" + quoted;
+  if (column.binary() || as_key) {
+    std::string out = "_binary";
+    out += quoted;
+    return out;
+  }
   return quoted;
 }
 
