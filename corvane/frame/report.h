@@ -14,6 +14,8 @@ struct Report {
   std::string text;
   int style = 0;  // 64 information, 16 critical, 0 plain
   std::string title;
+
+  friend bool operator==(const Report&, const Report&) = default;
 };
 
 // Installs the handler that shows reports; an empty handler restores the

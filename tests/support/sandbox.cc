@@ -156,12 +156,12 @@ void SandboxTest::LoadSchema(const std::string& file) {
   direct_->ExecFile(std::string(CORVANE_SOURCE_DIR) + "/schema/" + file);
 }
 
-bool operator==(const Report& a, const Report& b) {
-  return a.text == b.text && a.style == b.style && a.title == b.title;
-}
+}  // namespace corvane::testing
+
+namespace corvane {
 
 void PrintTo(const Report& r, std::ostream* os) {
   *os << "Report{\"" << r.text << "\", " << r.style << ", \"" << r.title << "\"}";
 }
 
-}  // namespace corvane::testing
+}  // namespace corvane

@@ -89,9 +89,11 @@ inline Report PlainReport(const std::string& text) { return Report{text, 64, "�
 inline Report AlertReport(const std::string& text) { return Report{text, 16, "错误提示"}; }
 inline Report LengthReport() { return Report{"你输入的内容超过了允许长度，请检查", 64, "塔恩维克"}; }
 
-bool operator==(const Report& a, const Report& b);
-void PrintTo(const Report& r, std::ostream* os);
-
 }  // namespace corvane::testing
+
+namespace corvane {
+// How GoogleTest prints a report.
+void PrintTo(const Report& r, std::ostream* os);
+}  // namespace corvane
 
 #endif  // CORVANE_TESTS_SUPPORT_SANDBOX_H_
