@@ -45,6 +45,7 @@ inline constexpr std::int32_t kReadOnly = Hr(0x800A0CB3);        // the rowset d
 inline constexpr std::int32_t kNotAllowed = Hr(0x800A0C93);      // not allowed in this context
 inline constexpr std::int32_t kNoConnection = Hr(0x800A0E7D);    // no open connection to use
 inline constexpr std::int32_t kRowDeleted = Hr(0x80040E23);      // the current row was deleted
+inline constexpr std::int32_t kRowNotFound = Hr(0x80040E38);     // the row to change is gone
 inline constexpr std::int32_t kMultipleStep = Hr(0x80040E21);    // the value does not fit the column
 inline constexpr std::int32_t kProvider = Hr(0x80004005);        // any other failure of the server
 

@@ -125,11 +125,7 @@ Column Column::From(const MYSQL_FIELD& f, unsigned char_width) {
 }
 
 std::int64_t Column::DefinedSize() const {
-  const bool text = type == MYSQL_TYPE_VARCHAR || type == MYSQL_TYPE_VAR_STRING ||
-                    type == MYSQL_TYPE_STRING || type == MYSQL_TYPE_BLOB ||
-                    type == MYSQL_TYPE_TINY_BLOB || type == MYSQL_TYPE_MEDIUM_BLOB ||
-                    type == MYSQL_TYPE_LONG_BLOB;
-  if (text && !binary()) return static_cast<std::int64_t>(length / char_width);
+  if (text() && !binary()) return static_cast<std::int64_t>(length / char_width);
   return static_cast<std::int64_t>(length);
 }
 
@@ -239,7 +235,7 @@ Cell WriteCell(const Column& column, const Variant& value) {
   }
 }
 
-std::string Literal(const Column& column, const Cell& cell, const Link& link, bool as_key) {
+std::string Literal(const Column& column, const Cell& cell, const Link& link, bool exact) {
   if (!cell) return "NULL";
   const enum_field_types t = column.type;
   if ((IsInteger(t) && t != MYSQL_TYPE_BIT) || IsReal(t)) return *cell;
@@ -252,7 +248,7 @@ std::string Literal(const Column& column, const Cell& cell, const Link& link, bo
   quoted.insert(quoted.begin(), '\'');
   quoted.push_back('\'');
   if (IsDate(t) || IsTime(t)) return quoted;
-  if (column.binary() || as_key) {
+  if (column.binary() || exact) {
     std::string out = "_binary";
     out += quoted;
     return out;

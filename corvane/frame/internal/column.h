@@ -30,6 +30,12 @@ struct Column {
   static Column From(const MYSQL_FIELD& f, unsigned char_width);
 
   bool binary() const { return charsetnr == 63; }
+  // A string or blob type (text or binary by its character set).
+  bool text() const {
+    return type == MYSQL_TYPE_VARCHAR || type == MYSQL_TYPE_VAR_STRING ||
+           type == MYSQL_TYPE_STRING || type == MYSQL_TYPE_BLOB || type == MYSQL_TYPE_TINY_BLOB ||
+           type == MYSQL_TYPE_MEDIUM_BLOB || type == MYSQL_TYPE_LONG_BLOB;
+  }
   bool updatable() const { return !table.empty() && !base_name.empty(); }
   // Characters for text, bytes for binary, the display length otherwise.
   std::int64_t DefinedSize() const;
@@ -46,9 +52,9 @@ Variant ReadCell(const Column& column, const Cell& cell);
 // date) throws the failure of a value that does not fit (0x80040E21).
 Cell WriteCell(const Column& column, const Variant& value);
 
-// The SQL literal of a cell of this column; as_key asks for exact byte
-// comparison of text.
-std::string Literal(const Column& column, const Cell& cell, const Link& link, bool as_key);
+// The SQL literal of a cell of this column; exact makes text a binary
+// literal, for comparison by bytes.
+std::string Literal(const Column& column, const Cell& cell, const Link& link, bool exact);
 
 }  // namespace corvane::internal
 

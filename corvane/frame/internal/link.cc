@@ -43,7 +43,7 @@ void Link::Connect(const ConnectionParams& params, int timeout_seconds) {
   const char* socket = params.socket.empty() ? nullptr : params.socket.c_str();
   if (mysql_real_connect(m, params.server.c_str(), params.user.c_str(), params.password.c_str(),
                          params.database.empty() ? nullptr : params.database.c_str(), params.port,
-                         socket, 0) == nullptr) {
+                         socket, CLIENT_FOUND_ROWS) == nullptr) {
     const std::string message = mysql_error(m);
     mysql_close(m);
     throw Error(errc::kProvider, message);

@@ -56,6 +56,9 @@ class Link {
     if (streamer_ == streamer) streamer_ = nullptr;
   }
 
+  // Rows the last statement found (matched, not only changed).
+  std::uint64_t AffectedRows() const { return mysql_affected_rows(mysql_); }
+
   // Throws the failure of the last call on the handle.
   [[noreturn]] void ThrowLastError() const;
 

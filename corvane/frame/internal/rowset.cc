@@ -205,19 +205,29 @@ std::string Rowset::Identity(const Column& base) {
       key.push_back(*it);
     }
   }
-  if (key.empty()) key = mine;
+  // By the key, values compare as the key does (and its index serves). By
+  // all values, text compares by its bytes, not by the column's collation, so
+  // that a row differing only in case or trailing blanks is not taken.
+  const bool by_all_values = key.empty();
+  if (by_all_values) key = mine;
   std::string where;
   for (std::size_t i : key) {
+    const Column& c = columns_[i];
     if (!where.empty()) where += " AND ";
-    where += QuoteName(columns_[i].base_name) + " <=> " +
-             Literal(columns_[i], current_[i], link_, true);
+    if (by_all_values && c.text() && !c.binary()) where += "BINARY ";
+    where += QuoteName(c.base_name) + " <=> " + Literal(c, current_[i], link_, by_all_values);
   }
   return " WHERE " + where + " LIMIT 1";
 }
 
-void Rowset::Send(const std::string& sql) {
+void Rowset::Send(const std::string& sql, bool must_find_row) {
   MYSQL_RES* r = link_.Run(StatementKind::kRowChange, sql, false);
   if (r != nullptr) mysql_free_result(r);
+  if (must_find_row && link_.AffectedRows() == 0) {
+    throw Error(errc::kRowNotFound,
+                "Row cannot be located for updating. Some values may have been changed since it "
+                "was last read");
+  }
 }
 
 void Rowset::Update() {
@@ -236,7 +246,7 @@ void Rowset::Update() {
       names += QuoteName(columns_[i].base_name);
       values += Literal(columns_[i], *pending_[i], link_, false);
     }
-    Send("INSERT INTO " + TableName(base) + " (" + names + ") VALUES (" + values + ")");
+    Send("INSERT INTO " + TableName(base) + " (" + names + ") VALUES (" + values + ")", false);
     // The new row is the current row; the rows that were not read are gone.
     Row row(columns_.size(), std::nullopt);
     for (std::size_t i : written) row[i] = *pending_[i];
@@ -267,7 +277,7 @@ void Rowset::Update() {
   if (lock_type_ == 4) {
     batch_.push_back(sql);
   } else {
-    Send(sql);
+    Send(sql, true);
   }
   for (std::size_t i : written) current_[i] = *pending_[i];
   std::fill(pending_.begin(), pending_.end(), std::nullopt);
@@ -278,7 +288,7 @@ void Rowset::UpdateBatch() {
   if (mode_ != Mode::kNone) Update();
   std::vector<std::string> batch;
   batch.swap(batch_);
-  for (const std::string& sql : batch) Send(sql);
+  for (const std::string& sql : batch) Send(sql, true);
 }
 
 void Rowset::Delete() {
@@ -296,7 +306,7 @@ void Rowset::Delete() {
   if (lock_type_ == 4) {
     batch_.push_back(sql);
   } else {
-    Send(sql);
+    Send(sql, true);
   }
   deleted_ = true;
 }

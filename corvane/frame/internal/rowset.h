@@ -63,7 +63,8 @@ class Rowset final : public Streamer {
   // The table a change of the current row goes to.
   const Column& BaseOf(const std::vector<std::size_t>& written) const;
   std::string Identity(const Column& base);
-  void Send(const std::string& sql);
+  // Sends a row change; one that finds no row fails.
+  void Send(const std::string& sql, bool must_find_row);
 
   std::shared_ptr<Connection> connection_;
   Link& link_;
@@ -82,7 +83,7 @@ class Rowset final : public Streamer {
   Mode mode_ = Mode::kNone;
   std::vector<std::optional<Cell>> pending_;  // per column: written in this edit
   bool saved_bof_ = true, saved_eof_ = true;
-  std::vector<std::string> batch_;  // held back under batch optimistic locking
+  std::vector<std::string> batch_;  // held back under batch optimistic locking (all find rows)
 };
 
 }  // namespace corvane::internal
