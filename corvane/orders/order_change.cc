@@ -44,6 +44,29 @@ const numbering::FamilyBTexts kNumbers{
 
 }  // namespace
 
+void clsDataBOrdChange::WriteQtyUpToCancel(const clsEntBOrdChange& Entity) {
+  Write("F_QtyUp", Entity.QtyUp);
+  Write("F_DateUp", Entity.DateUp);
+  Write("F_ItemUp", Entity.ItemUp);
+  Write("F_Other", Entity.Other);
+  Write("F_UpCause", Entity.UpCause);
+  Write("F_UpDesc", Entity.UpDesc);
+  Write("F_PurDesc", Entity.PurDesc);
+  Write("F_WhDesc", Entity.WhDesc);
+  Write("F_SgDesc", Entity.SgDesc);
+  Write("F_EgDesc", Entity.EgDesc);
+  Write("F_BsDecide", Entity.BsDecide);
+  Write("F_Burden", Entity.Burden);
+  Write("F_Deal", Entity.Deal);
+  Write("F_Tabler", Entity.Tabler);
+  Write("F_Tabletime", Entity.Tabletime);
+  Write("F_OldcorderNo", Entity.OldcorderNo);
+  Write("F_NewcorderNo", Entity.NewcorderNo);
+  Write("F_NewcustNo", Entity.NewcustNo);
+  Write("F_Flags", Entity.Flags);
+  Write("F_Cancel", Entity.Cancel);
+}
+
 std::int16_t clsDataBOrdChange::QueryQty() {
   std::int16_t result = 0;
   Guard(kLengthReport, [&] {
@@ -147,26 +170,7 @@ std::int16_t clsDataBOrdChange::UpdateRecord(clsEntBOrdChange& Entity) {
     Write("F_NewDate", Entity.NewDate);
     Write("F_OldBkQty", Entity.OldBkQty);
     Write("F_NewBkQty", Entity.NewBkQty);
-    Write("F_QtyUp", Entity.QtyUp);
-    Write("F_DateUp", Entity.DateUp);
-    Write("F_ItemUp", Entity.ItemUp);
-    Write("F_Other", Entity.Other);
-    Write("F_UpCause", Entity.UpCause);
-    Write("F_UpDesc", Entity.UpDesc);
-    Write("F_PurDesc", Entity.PurDesc);
-    Write("F_WhDesc", Entity.WhDesc);
-    Write("F_SgDesc", Entity.SgDesc);
-    Write("F_EgDesc", Entity.EgDesc);
-    Write("F_BsDecide", Entity.BsDecide);
-    Write("F_Burden", Entity.Burden);
-    Write("F_Deal", Entity.Deal);
-    Write("F_Tabler", Entity.Tabler);
-    Write("F_Tabletime", Entity.Tabletime);
-    Write("F_OldcorderNo", Entity.OldcorderNo);
-    Write("F_NewcorderNo", Entity.NewcorderNo);
-    Write("F_NewcustNo", Entity.NewcustNo);
-    Write("F_Flags", Entity.Flags);
-    Write("F_Cancel", Entity.Cancel);
+    WriteQtyUpToCancel(Entity);
     rs().Update();
     ResetRs();
     result = 1;
@@ -281,26 +285,7 @@ std::int16_t clsDataBOrdChange::AddRecord(clsEntBOrdChange& Entity) {
       Write("F_NewBkQty", Entity.NewBkQty);
       Write("F_Oldate", Entity.Oldate);
       Write("F_NewDate", Entity.NewDate);
-      Write("F_QtyUp", Entity.QtyUp);
-      Write("F_DateUp", Entity.DateUp);
-      Write("F_ItemUp", Entity.ItemUp);
-      Write("F_Other", Entity.Other);
-      Write("F_UpCause", Entity.UpCause);
-      Write("F_UpDesc", Entity.UpDesc);
-      Write("F_PurDesc", Entity.PurDesc);
-      Write("F_WhDesc", Entity.WhDesc);
-      Write("F_SgDesc", Entity.SgDesc);
-      Write("F_EgDesc", Entity.EgDesc);
-      Write("F_BsDecide", Entity.BsDecide);
-      Write("F_Burden", Entity.Burden);
-      Write("F_Deal", Entity.Deal);
-      Write("F_Tabler", Entity.Tabler);
-      Write("F_Tabletime", Entity.Tabletime);
-      Write("F_OldcorderNo", Entity.OldcorderNo);
-      Write("F_NewcorderNo", Entity.NewcorderNo);
-      Write("F_NewcustNo", Entity.NewcustNo);
-      Write("F_Flags", Entity.Flags);
-      Write("F_Cancel", Entity.Cancel);
+      WriteQtyUpToCancel(Entity);
     });
   }, [&] { result = 0; });
   return result;

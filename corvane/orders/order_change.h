@@ -57,6 +57,10 @@ class clsDataBOrdChange : private Repository {
   // Deletes request Entity.UpNo and rolls the day's row of t_sitemno back.
   // 1 the delete ran, 0 no such number or failure.
   std::int16_t DeleteRecord(clsEntBOrdChange& Entity);
+
+ private:
+  // The writes from F_QtyUp to F_Cancel, alike in the add and the update.
+  void WriteQtyUpToCancel(const clsEntBOrdChange& Entity);
 };
 
 }  // namespace corvane

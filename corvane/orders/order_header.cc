@@ -43,6 +43,35 @@ const numbering::FamilyBTexts kNumbers{
 
 }  // namespace
 
+void clsDataBOrderh::ReadPayDayToDelivery(clsEntBOrderh& e) {
+  e.payday = Nz("F_PayDay", "0").CInt();
+  e.Tabler = Nz("F_Tabler", "").CStr();
+  e.Tabletime = Nz("F_TableTime", "0:00:00").CDate();
+  e.Checker = Nz("F_Checker", "").CStr();
+  e.CheckerTime = Nz("F_CheckerTime", "0:00:00").CDate();
+  e.Approve = Nz("F_Approve", "").CStr();
+  e.approveTime = Nz("F_ApproveTime", "0:00:00").CDate();
+  e.Flags = Nz("F_Flags", 5).CInt();
+  e.DeliverAddr = Nz("F_DeliverAddr", "").CStr();
+  e.Package = Nz("F_Package", "").CStr();
+  e.TotalBefore = Nz("F_TotalBefore", 0).CDbl();
+  e.DisCount = Nz("F_DisCount", 0).CDbl();
+  e.Greight = Nz("F_Greight", 0).CDbl();
+  e.Tax = Nz("F_Tax", 0).CDbl();
+  e.Total = Nz("F_Total", 0).CDbl();
+  e.DocType = Nz("F_DocType", "").CStr();
+  e.CustName = Nz("F_CustName", "").CStr();
+  e.jrnlMemo = Nz("F_jrnlMemo", "").CStr();
+  e.DueDate = Nz("F_DueDate", "0").CDate();
+  e.TaxDate = Nz("F_TaxDate", "0").CDate();
+  e.UpdataUser = Nz("F_UpdataUser", "").CStr();
+  e.PayMonth = Nz("F_PayMonth", 0).CInt();
+  e.Comments = Nz("F_Comments", "").CStr();
+  e.attn = Nz("F_attn", "F_Attn", "").CStr();
+  e.Currency = Nz("F_Currency", "").CStr();
+  e.Delivery = Nz("F_Delivery", "").CStr();
+}
+
 std::int16_t clsDataBOrderh::QueryForPreMoney(clsEntBOrderh& Entity) {
   std::int16_t result = 0;
   Guard(kPlainReport.ResetFirst(), [&] {
@@ -210,32 +239,7 @@ std::int16_t clsDataBOrderh::QueryAllRecord(Collection<clsEntBOrderh>* objColl) 
       e.CorderNo = Nz("F_COrderNo", "0").CStr();
       e.CustNo = Nz("F_CustNo", "").CStr();
       e.IncoMode = Nz("F_IncoMode", "").CStr();
-      e.payday = Nz("F_PayDay", "0").CInt();
-      e.Tabler = Nz("F_Tabler", "").CStr();
-      e.Tabletime = Nz("F_TableTime", "0:00:00").CDate();
-      e.Checker = Nz("F_Checker", "").CStr();
-      e.CheckerTime = Nz("F_CheckerTime", "0:00:00").CDate();
-      e.Approve = Nz("F_Approve", "").CStr();
-      e.approveTime = Nz("F_ApproveTime", "0:00:00").CDate();
-      e.Flags = Nz("F_Flags", 5).CInt();
-      e.DeliverAddr = Nz("F_DeliverAddr", "").CStr();
-      e.Package = Nz("F_Package", "").CStr();
-      e.TotalBefore = Nz("F_TotalBefore", 0).CDbl();
-      e.DisCount = Nz("F_DisCount", 0).CDbl();
-      e.Greight = Nz("F_Greight", 0).CDbl();
-      e.Tax = Nz("F_Tax", 0).CDbl();
-      e.Total = Nz("F_Total", 0).CDbl();
-      e.DocType = Nz("F_DocType", "").CStr();
-      e.CustName = Nz("F_CustName", "").CStr();
-      e.jrnlMemo = Nz("F_jrnlMemo", "").CStr();
-      e.DueDate = Nz("F_DueDate", "0").CDate();
-      e.TaxDate = Nz("F_TaxDate", "0").CDate();
-      e.UpdataUser = Nz("F_UpdataUser", "").CStr();
-      e.PayMonth = Nz("F_PayMonth", 0).CInt();
-      e.Comments = Nz("F_Comments", "").CStr();
-      e.attn = Nz("F_attn", "F_Attn", "").CStr();
-      e.Currency = Nz("F_Currency", "").CStr();
-      e.Delivery = Nz("F_Delivery", "").CStr();
+      ReadPayDayToDelivery(e);
       // The last three once more, to the same values.
       e.attn = Nz("F_attn", "F_Attn", "").CStr();
       e.Currency = Nz("F_Currency", "").CStr();
@@ -282,32 +286,7 @@ std::int16_t clsDataBOrderh::QueryOrderNoRecord(clsEntBOrderh& Entity) {
     Entity.CustNo = Nz("F_CustNo", "").CStr();
     Entity.OrderType = Nz("F_OrderType", "").CStr();
     Entity.IncoMode = Nz("F_IncoMode", "").CStr();
-    Entity.payday = Nz("F_PayDay", "0").CInt();
-    Entity.Tabler = Nz("F_Tabler", "").CStr();
-    Entity.Tabletime = Nz("F_TableTime", "0:00:00").CDate();
-    Entity.Checker = Nz("F_Checker", "").CStr();
-    Entity.CheckerTime = Nz("F_CheckerTime", "0:00:00").CDate();
-    Entity.Approve = Nz("F_Approve", "").CStr();
-    Entity.approveTime = Nz("F_ApproveTime", "0:00:00").CDate();
-    Entity.Flags = Nz("F_Flags", 5).CInt();
-    Entity.DeliverAddr = Nz("F_DeliverAddr", "").CStr();
-    Entity.Package = Nz("F_Package", "").CStr();
-    Entity.TotalBefore = Nz("F_TotalBefore", 0).CDbl();
-    Entity.DisCount = Nz("F_DisCount", 0).CDbl();
-    Entity.Greight = Nz("F_Greight", 0).CDbl();
-    Entity.Tax = Nz("F_Tax", 0).CDbl();
-    Entity.Total = Nz("F_Total", 0).CDbl();
-    Entity.DocType = Nz("F_DocType", "").CStr();
-    Entity.CustName = Nz("F_CustName", "").CStr();
-    Entity.jrnlMemo = Nz("F_jrnlMemo", "").CStr();
-    Entity.DueDate = Nz("F_DueDate", "0").CDate();
-    Entity.TaxDate = Nz("F_TaxDate", "0").CDate();
-    Entity.UpdataUser = Nz("F_UpdataUser", "").CStr();
-    Entity.PayMonth = Nz("F_PayMonth", 0).CInt();
-    Entity.Comments = Nz("F_Comments", "").CStr();
-    Entity.attn = Nz("F_attn", "F_Attn", "").CStr();
-    Entity.Currency = Nz("F_Currency", "").CStr();
-    Entity.Delivery = Nz("F_Delivery", "").CStr();
+    ReadPayDayToDelivery(Entity);
     result = 1;
     rs().Close();
   });

@@ -65,6 +65,10 @@ class clsDataBOrderh : private Repository {
   // t_sitemno holds, rolls the row of its day back to the largest number
   // left or removes it. Always 0, whether it deleted or not.
   std::int16_t DeleteRecord(clsEntBOrderh& Entity);
+
+ private:
+  // The reads from F_PayDay to F_Delivery, alike in the two full reads.
+  void ReadPayDayToDelivery(clsEntBOrderh& e);
 };
 
 }  // namespace corvane
