@@ -19,6 +19,7 @@ namespace {
 }  // namespace
 
 Variant Field::Value() const { return rowset_->Value(index_); }
+bool Field::IsNull() const { return rowset_->IsNull(index_); }
 const std::string& Field::Name() const { return rowset_->column(index_).name; }
 std::int64_t Field::DefinedSize() const { return rowset_->column(index_).DefinedSize(); }
 

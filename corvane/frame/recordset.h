@@ -32,6 +32,8 @@ class Field {
  public:
   // The value in the current row (or the value written and not yet stored).
   Variant Value() const;
+  // Value().IsNull(), without making the value.
+  bool IsNull() const;
   const std::string& Name() const;
   // Characters for text, bytes for binary, the size of the type otherwise.
   std::int64_t DefinedSize() const;

@@ -78,9 +78,9 @@ void Repository::KeysetEditWithDefaults(const std::string& sql) {
 
 Variant Repository::Nz(std::string_view null_test_column, std::string_view value_column,
                        const Variant& fallback) {
-  const bool is_null = rs().Fields(null_test_column).Value().IsNull();
-  Variant value = rs().Fields(value_column).Value();
-  return is_null ? fallback : value;
+  const bool is_null = rs().Fields(null_test_column).IsNull();
+  const Field value = rs().Fields(value_column);
+  return is_null ? fallback : value.Value();
 }
 
 Error Repository::CurrentFailure() {

@@ -133,7 +133,12 @@ double Variant::CDbl() const {
   Fail(errc::kTypeMismatch);
 }
 
-std::string Variant::CStr() const {
+std::string Variant::CStr() && {
+  if (type() == Type::kString) return std::move(std::get<std::string>(value_));
+  return static_cast<const Variant&>(*this).CStr();
+}
+
+std::string Variant::CStr() const& {
   switch (type()) {
     case Type::kEmpty:
       return "";

@@ -43,7 +43,8 @@ class Variant {
   double CDbl() const;
   // Numbers by Text(double) and plain decimal, dates by Text(Date), Booleans
   // as "True" and "False".
-  std::string CStr() const;
+  std::string CStr() const&;
+  std::string CStr() &&;  // a text moves out
   Date CDate() const;
   bool CBool() const;
   std::vector<std::uint8_t> CBytes() const;

@@ -467,6 +467,31 @@ TEST_F(RecordsetTest, BofAndEof) {
   rs.Close();
 }
 
+TEST_F(RecordsetTest, ColumnNamesAreFoundWithoutRegardToCaseWhateverTheNameLivesIn) {
+  db().Exec("create table names (first_col varchar(10), second_col varchar(10))");
+  db().Exec("insert into names values ('one', 'two')");
+  Recordset rs;
+  rs.Open("select * from names", cn());
+  EXPECT_EQ("one", rs.Fields("FIRST_COL").Value().CStr());
+  EXPECT_EQ("two", rs.Fields("Second_Col").Value().CStr());
+  // One buffer holding one name and then another must give each its column.
+  std::string name = "first_col";
+  EXPECT_EQ("one", rs.Fields(name).Value().CStr());
+  const char* const buffer = name.data();
+  name.assign("second_co");
+  name.push_back('l');
+  ASSERT_EQ(buffer, name.data());
+  EXPECT_EQ("two", rs.Fields(name).Value().CStr());
+  name.assign("third_col");
+  try {
+    rs.Fields(name);
+    FAIL() << "a name not in the rowset was found";
+  } catch (const Error& e) {
+    EXPECT_EQ(errc::kItemNotFound, e.Number());
+  }
+  rs.Close();
+}
+
 // ------------------------------------------------------------ row changes
 
 TEST_F(RecordsetTest, AddNewInsertsOnlyTheColumnsWritten) {

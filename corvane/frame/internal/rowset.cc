@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 
 #include "corvane/frame/error.h"
 #include "corvane/frame/host.h"
@@ -34,7 +35,26 @@ bool SameTable(const Column& a, const Column& b) {
   return Lower(a.table) == Lower(b.table) && Lower(a.db) == Lower(b.db);
 }
 
+unsigned char Fold(char c) {
+  const unsigned char u = static_cast<unsigned char>(c);
+  return u >= 'A' && u <= 'Z' ? static_cast<unsigned char>(u + ('a' - 'A')) : u;
+}
+
 }  // namespace
+
+std::size_t NameHash::operator()(std::string_view name) const noexcept {
+  std::size_t h = 14695981039346656037ull;
+  for (char c : name) h = (h ^ Fold(c)) * 1099511628211ull;
+  return h;
+}
+
+bool NameEqual::operator()(std::string_view a, std::string_view b) const noexcept {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (Fold(a[i]) != Fold(b[i])) return false;
+  }
+  return true;
+}
 
 Rowset::Rowset(std::shared_ptr<Connection> connection, MYSQL_RES* result, bool streaming,
                int lock_type)
@@ -107,13 +127,22 @@ bool Rowset::Fetch(Row* row) {
 }
 
 std::size_t Rowset::Find(std::string_view name) const {
-  const auto it = index_.find(Lower(name));
+  Memo& memo = memo_[((reinterpret_cast<std::uintptr_t>(name.data()) >> 3) ^ name.size()) %
+                     memo_.size()];
+  if (memo.data == name.data() && memo.text.size() == name.size() &&
+      std::memcmp(memo.text.data(), name.data(), name.size()) == 0) {
+    return memo.index;
+  }
+  const auto it = index_.find(name);
   if (it == index_.end()) {
     throw Error(errc::kItemNotFound,
                 "Item cannot be found in the collection corresponding to the requested name or "
                 "ordinal: " +
                     std::string(name));
   }
+  memo.data = name.data();
+  memo.text.assign(name);
+  memo.index = it->second;
   return it->second;
 }
 
@@ -128,6 +157,14 @@ void Rowset::RequireWritable() const {
   if (lock_type_ == 1) {
     throw Error(errc::kReadOnly, "The operation is not allowed: the recordset is read-only");
   }
+}
+
+bool Rowset::IsNull(std::size_t i) const {
+  if (mode_ != Mode::kNone && pending_[i]) return !pending_[i]->has_value();
+  if (mode_ == Mode::kAdd) return true;
+  RequireRow();
+  if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
+  return !current_[i].has_value();
 }
 
 Variant Rowset::Value(std::size_t i) const {

@@ -6,6 +6,7 @@
 
 #include <mysql.h>
 
+#include <array>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -23,6 +24,16 @@
 namespace corvane::internal {
 
 using Row = std::vector<Cell>;
+
+// Column names compare without regard to case; looking one up makes no copy.
+struct NameHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view name) const noexcept;
+};
+struct NameEqual {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const noexcept;
+};
 
 class Rowset final : public Streamer {
  public:
@@ -43,6 +54,7 @@ class Rowset final : public Streamer {
   std::size_t Find(std::string_view name) const;  // throws item not found
   const Column& column(std::size_t i) const { return columns_[i]; }
   Variant Value(std::size_t i) const;
+  bool IsNull(std::size_t i) const;
 
   void MoveNext();
   void Write(std::size_t i, const Variant& value);
@@ -72,7 +84,16 @@ class Rowset final : public Streamer {
   bool streaming_;
   int lock_type_;
   std::vector<Column> columns_;
-  std::unordered_map<std::string, std::size_t> index_;
+  std::unordered_map<std::string, std::size_t, NameHash, NameEqual> index_;
+  // Methods ask for the same names, from the same literals, on every row: a
+  // name seen before at the same address with the same bytes is answered
+  // without folding and hashing it again.
+  struct Memo {
+    const char* data = nullptr;
+    std::string text;
+    std::size_t index = 0;
+  };
+  mutable std::array<Memo, 64> memo_;
   std::deque<Row> ahead_;
   Row current_;
   bool bof_ = true;
