@@ -780,6 +780,32 @@ TEST_F(RecordsetTest, AStreamingRecordsetSurvivesAnotherStatementOnItsConnection
   EXPECT_EQ(20001, db().Count("big"));
 }
 
+TEST_F(RecordsetTest, AConnectionLostUnderStreamingRowsFailsTheRead) {
+  MakeBig(200000);
+  Recordset id;
+  id.Open("select connection_id() as id", cn());
+  const std::string connection = id.Fields("id").Value().CStr();
+  id.Close();
+  Recordset rs;
+  rs.Open("select * from big order by id", cn());
+  ASSERT_FALSE(rs.Eof());
+  db().Exec("KILL " + connection);
+  std::optional<Error> failure;
+  int rows = 0;
+  try {
+    while (!rs.Eof()) {
+      rs.MoveNext();
+      ++rows;
+    }
+  } catch (const Error& e) {
+    failure = e;
+  }
+  // Rows already on their way may arrive; the rest is a failure, not an end.
+  ASSERT_TRUE(failure.has_value()) << "the read ended quietly after " << rows << " rows";
+  EXPECT_EQ(errc::kProvider, failure->Number());
+  EXPECT_LT(rows, 200000);
+}
+
 TEST_F(RecordsetTest, TwoStreamingRecordsetsReadInTurn) {
   MakeBig(3000);
   Recordset a;

@@ -59,6 +59,9 @@ class Link {
   // Rows the last statement found (matched, not only changed).
   std::uint64_t AffectedRows() const { return mysql_affected_rows(mysql_); }
 
+  // True when the last call on the handle failed (a row fetch among them).
+  bool Failed() const { return mysql_ != nullptr && mysql_errno(mysql_) != 0; }
+
   // Throws the failure of the last call on the handle.
   [[noreturn]] void ThrowLastError() const;
 

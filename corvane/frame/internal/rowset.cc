@@ -105,6 +105,15 @@ void Rowset::FinishResult(bool keep_rows) {
   if (streaming_) link_.EndStreaming(this);
 }
 
+Error Rowset::FetchFailure() const {
+  try {
+    link_.ThrowLastError();
+  } catch (const Error& e) {
+    return e;
+  }
+  return Error(errc::kProvider, "The rows could not be read");
+}
+
 bool Rowset::Fetch(Row* row) {
   if (!ahead_.empty()) {
     *row = std::move(ahead_.front());
@@ -115,6 +124,13 @@ bool Rowset::Fetch(Row* row) {
   MYSQL_RES* const result = result_;
   MYSQL_ROW r = mysql_fetch_row(result);
   if (r == nullptr) {
+    // The end of the rows, or the connection failing under them.
+    const bool failed = streaming_ && link_.Failed();
+    if (failed) {
+      const Error failure = FetchFailure();
+      FinishResult(false);
+      throw failure;
+    }
     FinishResult(false);
     return false;
   }

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "corvane/frame/connection.h"
+#include "corvane/frame/error.h"
 #include "corvane/frame/internal/column.h"
 #include "corvane/frame/internal/link.h"
 #include "corvane/frame/variant.h"
@@ -69,6 +70,7 @@ class Rowset final : public Streamer {
   enum class Mode { kNone, kEdit, kAdd };
 
   bool Fetch(Row* row);  // the next row, from the rows read ahead or the wire
+  Error FetchFailure() const;
   void FinishResult(bool keep_rows);
   void RequireRow() const;
   void RequireWritable() const;
