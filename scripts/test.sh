@@ -8,9 +8,11 @@ cd "$root"
 
 scripts/install-deps.sh
 extra=()
+# Continuous integration keeps the build free of warnings.
+[ -z "${CI:-}" ] || extra+=(-DCORVANE_WERROR=ON)
 if [ "${1:-}" = "--sanitize" ]; then
   export CORVANE_BUILD=$root/build-asan
-  extra=(-DCORVANE_SANITIZE=ON)
+  extra+=(-DCORVANE_SANITIZE=ON)
   export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
   export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 fi
