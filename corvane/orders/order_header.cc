@@ -72,6 +72,28 @@ void clsDataBOrderh::ReadPayDayToDelivery(clsEntBOrderh& e) {
   e.Delivery = Nz("F_Delivery", "").CStr();
 }
 
+void clsDataBOrderh::WriteFlagsToDelivery(const clsEntBOrderh& Entity) {
+  Write("F_Flags", Entity.Flags);
+  Write("F_DeliverAddr", Entity.DeliverAddr);
+  Write("F_Package", Entity.Package);
+  Write("F_TotalBefore", Entity.TotalBefore);
+  Write("F_DisCount", Entity.DisCount);
+  Write("F_Greight", Entity.Greight);
+  Write("F_Tax", Entity.Tax);
+  Write("F_Total", Entity.Total);
+  Write("F_DocType", Entity.DocType);
+  Write("F_CustName", Entity.CustName);
+  Write("F_jrnlMemo", Entity.jrnlMemo);
+  Write("F_DueDate", Entity.DueDate);
+  Write("F_TaxDate", Entity.TaxDate);
+  Write("F_UpdataUser", Entity.UpdataUser);
+  Write("F_PayMonth", Entity.PayMonth);
+  Write("F_Comments", Entity.Comments);
+  Write("F_Attn", Entity.attn);
+  Write("F_Currency", Entity.Currency);
+  Write("F_Delivery", Entity.Delivery);
+}
+
 std::int16_t clsDataBOrderh::QueryForPreMoney(clsEntBOrderh& Entity) {
   std::int16_t result = 0;
   Guard(kPlainReport.ResetFirst(), [&] {
@@ -105,25 +127,7 @@ std::int16_t clsDataBOrderh::UpdateRecord(clsEntBOrderh& Entity) {
     Write("F_OrderType", Entity.OrderType);
     Write("F_IncoMode", Entity.IncoMode);
     Write("F_payday", Entity.payday);
-    Write("F_Flags", Entity.Flags);
-    Write("F_DeliverAddr", Entity.DeliverAddr);
-    Write("F_Package", Entity.Package);
-    Write("F_TotalBefore", Entity.TotalBefore);
-    Write("F_DisCount", Entity.DisCount);
-    Write("F_Greight", Entity.Greight);
-    Write("F_Tax", Entity.Tax);
-    Write("F_Total", Entity.Total);
-    Write("F_DocType", Entity.DocType);
-    Write("F_CustName", Entity.CustName);
-    Write("F_jrnlMemo", Entity.jrnlMemo);
-    Write("F_DueDate", Entity.DueDate);
-    Write("F_TaxDate", Entity.TaxDate);
-    Write("F_UpdataUser", Entity.UpdataUser);
-    Write("F_PayMonth", Entity.PayMonth);
-    Write("F_Comments", Entity.Comments);
-    Write("F_Attn", Entity.attn);
-    Write("F_Currency", Entity.Currency);
-    Write("F_Delivery", Entity.Delivery);
+    WriteFlagsToDelivery(Entity);
     rs().Update();
     ResetRs();
     result = 1;
@@ -202,25 +206,7 @@ std::int16_t clsDataBOrderh::AddRecord(clsEntBOrderh& Entity) {
       Write("F_CheckerTime", Entity.CheckerTime);
       Write("F_approve", Entity.Approve);
       Write("F_approveTime", Entity.approveTime);
-      Write("F_Flags", Entity.Flags);
-      Write("F_DeliverAddr", Entity.DeliverAddr);
-      Write("F_Package", Entity.Package);
-      Write("F_TotalBefore", Entity.TotalBefore);
-      Write("F_DisCount", Entity.DisCount);
-      Write("F_Greight", Entity.Greight);
-      Write("F_Tax", Entity.Tax);
-      Write("F_Total", Entity.Total);
-      Write("F_DocType", Entity.DocType);
-      Write("F_CustName", Entity.CustName);
-      Write("F_jrnlMemo", Entity.jrnlMemo);
-      Write("F_DueDate", Entity.DueDate);
-      Write("F_TaxDate", Entity.TaxDate);
-      Write("F_UpdataUser", Entity.UpdataUser);
-      Write("F_PayMonth", Entity.PayMonth);
-      Write("F_Comments", Entity.Comments);
-      Write("F_Attn", Entity.attn);
-      Write("F_Currency", Entity.Currency);
-      Write("F_Delivery", Entity.Delivery);
+      WriteFlagsToDelivery(Entity);
     });
   }, [&] { result = 0; });
   return result;

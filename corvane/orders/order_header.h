@@ -69,6 +69,8 @@ class clsDataBOrderh : private Repository {
  private:
   // The reads from F_PayDay to F_Delivery, alike in the two full reads.
   void ReadPayDayToDelivery(clsEntBOrderh& e);
+  // The writes from F_Flags to F_Delivery, alike in the add and the update.
+  void WriteFlagsToDelivery(const clsEntBOrderh& Entity);
 };
 
 }  // namespace corvane
