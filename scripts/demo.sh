@@ -11,7 +11,7 @@ scripts/build.sh
 scripts/sandbox.sh start
 scripts/sandbox.sh client -e "DROP DATABASE IF EXISTS corvane_demo; CREATE DATABASE corvane_demo"
 scripts/sandbox.sh client corvane_demo < schema/corvane.sql
-scripts/sandbox.sh client corvane_demo < examples/sample.sql
+for f in examples/sample*.sql; do scripts/sandbox.sh client corvane_demo < "$f"; done
 build=${CORVANE_BUILD:-$root/build}
 CORVANE_CONNECTION="SERVER=127.0.0.1;PORT=${CORVANE_SANDBOX_PORT:-3306};DATABASE=corvane_demo;UID=corvane;PWD=corvane" \
   "$build/examples/corvane_demo" </dev/null

@@ -15,6 +15,7 @@
 
 #include "corvane/entities/sitemno.h"
 #include "corvane/frame/repository.h"
+#include "corvane/numbering/texts.h"
 
 namespace corvane::numbering {
 
@@ -35,10 +36,6 @@ struct FamilyBTexts {
   std::string remove_counter;      // {P}: no document of that day left
   std::string lower_counter;       // {P}: point the day's row at the largest left
 };
-
-// The texts with the placeholder replaced.
-std::string Fill(const std::string& text, const std::string& placeholder,
-                 const std::string& value);
 
 // 1 no document of today, 2 at least one. Uses rs as it stands.
 std::int16_t QueryTF(Repository& repo, const FamilyBTexts& texts);
