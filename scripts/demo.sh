@@ -8,7 +8,7 @@ cd "$root"
 
 scripts/install-deps.sh
 scripts/build.sh
-scripts/sandbox.sh start
+CORVANE_SANDBOX_FAST= scripts/sandbox.sh start
 scripts/sandbox.sh client -e "DROP DATABASE IF EXISTS corvane_demo; CREATE DATABASE corvane_demo"
 scripts/sandbox.sh client corvane_demo < schema/corvane.sql
 for f in examples/sample*.sql; do scripts/sandbox.sh client corvane_demo < "$f"; done

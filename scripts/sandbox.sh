@@ -9,6 +9,12 @@
 # Everything lives under $CORVANE_SANDBOX (default: build/sandbox): data folder, socket,
 # pid file, log. The server listens on 127.0.0.1:$CORVANE_SANDBOX_PORT (default 3306).
 # Account for the library: user "corvane", password "corvane", all rights.
+#
+# The server is durable: what it has acknowledged survives a crash (the log is
+# flushed at every commit, pages go through the doublewrite buffer). With
+# CORVANE_SANDBOX_FAST=1 (the test script sets it) start turns the flush at
+# commit off for speed; a later start without it turns it on again, also on a
+# server that is already running.
 set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -38,10 +44,9 @@ collation-server=utf8mb4_general_ci
 sql_mode=STRICT_TRANS_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION
 innodb_buffer_pool_size=256M
 innodb_log_file_size=64M
-innodb_flush_log_at_trx_commit=0
-innodb_doublewrite=0
+innodb_flush_log_at_trx_commit=1
+innodb_doublewrite=1
 innodb_file_per_table=0
-sync_binlog=0
 max_connections=500
 max_allowed_packet=64M
 general_log=0
@@ -53,9 +58,18 @@ answers() {
   mariadb-admin --defaults-file=/dev/null --socket="$sock" -uroot ping >/dev/null 2>&1
 }
 
+# The flush at commit: off only when CORVANE_SANDBOX_FAST=1 asks for speed.
+durability() {
+  local flush=1 mode=durable
+  if [ "${CORVANE_SANDBOX_FAST:-}" = 1 ]; then flush=0; mode=fast; fi
+  mariadb --defaults-file=/dev/null --socket="$sock" -uroot \
+    -e "SET GLOBAL innodb_flush_log_at_trx_commit=$flush"
+  echo "$mode"
+}
+
 start() {
   if answers; then
-    echo "sandbox: running (socket $sock, port $port)"
+    echo "sandbox: running (socket $sock, port $port, $(durability))"
     return 0
   fi
   write_config
@@ -83,7 +97,7 @@ CREATE USER IF NOT EXISTS 'corvane'@'localhost' IDENTIFIED BY 'corvane';
 GRANT ALL PRIVILEGES ON *.* TO 'corvane'@'127.0.0.1' WITH GRANT OPTION;
 GRANT ALL PRIVILEGES ON *.* TO 'corvane'@'localhost' WITH GRANT OPTION;
 SQL
-  echo "sandbox: started (socket $sock, port $port)"
+  echo "sandbox: started (socket $sock, port $port, $(durability))"
 }
 
 stop() {

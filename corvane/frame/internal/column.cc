@@ -235,7 +235,7 @@ Cell WriteCell(const Column& column, const Variant& value) {
   }
 }
 
-std::string Literal(const Column& column, const Cell& cell, const Link& link, bool exact) {
+std::string Literal(const Column& column, const Cell& cell, Link& link, bool exact) {
   if (!cell) return "NULL";
   const enum_field_types t = column.type;
   if ((IsInteger(t) && t != MYSQL_TYPE_BIT) || IsReal(t)) return *cell;

@@ -54,7 +54,7 @@ Cell WriteCell(const Column& column, const Variant& value);
 
 // The SQL literal of a cell of this column; exact makes text a binary
 // literal, for comparison by bytes.
-std::string Literal(const Column& column, const Cell& cell, const Link& link, bool exact);
+std::string Literal(const Column& column, const Cell& cell, Link& link, bool exact);
 
 }  // namespace corvane::internal
 

@@ -21,6 +21,12 @@ std::string Upper(std::string s) {
   return s;
 }
 
+// A number of seconds; what is not one counts as 0.
+int Seconds(const std::string& value) {
+  const long n = std::strtol(value.c_str(), nullptr, 10);
+  return n < 0 ? 0 : n > 86400 ? 86400 : static_cast<int>(n);
+}
+
 }  // namespace
 
 ConnectionParams ParseConnectionText(const std::string& text) {
@@ -42,6 +48,7 @@ ConnectionParams ParseConnectionText(const std::string& text) {
       const std::string value = Trim(item.substr(eq + 1));
       if (name == "SERVER") {
         params.server = value;
+        params.server_given = true;
       } else if (name == "PORT") {
         params.port = static_cast<unsigned>(std::strtoul(value.c_str(), nullptr, 10));
       } else if (name == "SOCKET") {
@@ -52,6 +59,12 @@ ConnectionParams ParseConnectionText(const std::string& text) {
         params.user = value;
       } else if (name == "PWD" || name == "PASSWORD") {
         params.password = value;
+      } else if (name == "CONNECT_TIMEOUT") {
+        params.connect_timeout = Seconds(value);
+      } else if (name == "READ_TIMEOUT") {
+        params.read_timeout = Seconds(value);
+      } else if (name == "WRITE_TIMEOUT") {
+        params.write_timeout = Seconds(value);
       }
     }
     if (end >= text.size()) break;

@@ -7,17 +7,26 @@
 
 namespace corvane::internal {
 
+// Time-outs in seconds; 0 waits without end.
+inline constexpr int kDefaultReadTimeout = 120;
+inline constexpr int kDefaultWriteTimeout = 120;
+
 struct ConnectionParams {
   std::string server = "127.0.0.1";
+  bool server_given = false;  // SOCKET= alone connects through the socket
   unsigned port = 3306;
   std::string socket;
   std::string database;
   std::string user;
   std::string password;
+  int connect_timeout = -1;  // -1: the connection's ConnectionTimeout
+  int read_timeout = kDefaultReadTimeout;
+  int write_timeout = kDefaultWriteTimeout;
 };
 
 // Reads the items SERVER, PORT, SOCKET, DATABASE, UID (or USER), PWD (or
-// PASSWORD); other items (DRIVER, OPTION) are accepted and ignored.
+// PASSWORD), CONNECT_TIMEOUT, READ_TIMEOUT, WRITE_TIMEOUT (seconds); other
+// items (DRIVER, OPTION) are accepted and ignored.
 ConnectionParams ParseConnectionText(const std::string& text);
 
 }  // namespace corvane::internal

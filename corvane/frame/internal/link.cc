@@ -1,7 +1,9 @@
 // The wire of a connection over MariaDB Connector/C.
 #include "corvane/frame/internal/link.h"
 
+#include <errmsg.h>
 #include <mysqld_error.h>
+#include <poll.h>
 
 #include <algorithm>
 #include <cctype>
@@ -27,35 +29,76 @@ std::string QuoteName(const std::string& name) {
   return out + "`";
 }
 
+// Failures after which the wire is gone: the client's own failures of the
+// network, and the server's words for a connection it is ending.
+bool Dropped(unsigned number) {
+  switch (number) {
+    case CR_SERVER_GONE_ERROR:
+    case CR_SERVER_LOST:
+    case CR_SERVER_LOST_EXTENDED:
+    case CR_CONNECTION_ERROR:
+    case CR_CONN_HOST_ERROR:
+    case CR_UNKNOWN_HOST:
+    case ER_CONNECTION_KILLED:
+    case ER_SERVER_SHUTDOWN:
+    case ER_NET_READ_ERROR:
+    case ER_NET_READ_INTERRUPTED:
+    case ER_NET_ERROR_ON_WRITE:
+    case ER_NET_WRITE_INTERRUPTED:
+    case ER_ABORTING_CONNECTION:
+    case ER_NEW_ABORTING_CONNECTION:
+    case 4031:  // ER_CLIENT_INTERACTION_TIMEOUT: the server's wait_timeout passed
+      return true;
+    default:
+      return false;
+  }
+}
+
+void SetTimeout(MYSQL* m, mysql_option option, int seconds) {
+  if (seconds <= 0) return;
+  const unsigned t = static_cast<unsigned>(seconds);
+  mysql_options(m, option, &t);
+}
+
 }  // namespace
 
 Link::~Link() { Disconnect(); }
 
 void Link::Connect(const ConnectionParams& params, int timeout_seconds) {
   Disconnect();
+  params_ = params;
+  connect_timeout_ = params.connect_timeout >= 0 ? params.connect_timeout : timeout_seconds;
+  Dial();
+  open_ = true;
+  tables_.clear();
+}
+
+void Link::Dial() {
   MYSQL* m = mysql_init(nullptr);
   if (m == nullptr) throw Error(errc::kProvider, "Out of memory for a connection");
   mysql_options(m, MYSQL_SET_CHARSET_NAME, "utf8mb4");
-  if (timeout_seconds > 0) {
-    const unsigned t = static_cast<unsigned>(timeout_seconds);
-    mysql_options(m, MYSQL_OPT_CONNECT_TIMEOUT, &t);
-  }
-  const char* socket = params.socket.empty() ? nullptr : params.socket.c_str();
-  if (mysql_real_connect(m, params.server.c_str(), params.user.c_str(), params.password.c_str(),
-                         params.database.empty() ? nullptr : params.database.c_str(), params.port,
-                         socket, CLIENT_FOUND_ROWS) == nullptr) {
+  SetTimeout(m, MYSQL_OPT_CONNECT_TIMEOUT, connect_timeout_);
+  SetTimeout(m, MYSQL_OPT_READ_TIMEOUT, params_.read_timeout);
+  SetTimeout(m, MYSQL_OPT_WRITE_TIMEOUT, params_.write_timeout);
+  // A socket named without a server is reached through the socket.
+  const bool by_socket = !params_.socket.empty() && !params_.server_given;
+  const char* host = by_socket ? "localhost" : params_.server.c_str();
+  const char* socket = params_.socket.empty() ? nullptr : params_.socket.c_str();
+  if (mysql_real_connect(m, host, params_.user.c_str(), params_.password.c_str(),
+                         params_.database.empty() ? nullptr : params_.database.c_str(),
+                         params_.port, socket, CLIENT_FOUND_ROWS) == nullptr) {
     const std::string message = mysql_error(m);
     mysql_close(m);
     throw Error(errc::kProvider, message);
   }
   mysql_ = m;
+  dropped_ = false;
   MY_CHARSET_INFO cs{};
   mysql_get_character_set_info(mysql_, &cs);
   char_width_ = cs.mbmaxlen == 0 ? 1 : cs.mbmaxlen;
-  tables_.clear();
 }
 
-void Link::Disconnect() {
+void Link::Hangup() {
   if (streamer_ != nullptr) {
     Streamer* s = streamer_;
     streamer_ = nullptr;
@@ -67,9 +110,32 @@ void Link::Disconnect() {
   }
 }
 
-void Link::ThrowLastError() const {
+void Link::Disconnect() {
+  Hangup();
+  open_ = false;
+  dropped_ = false;
+}
+
+bool Link::PeerClosed() const {
+  pollfd p{};
+  p.fd = static_cast<int>(mysql_get_socket(mysql_));
+  p.events = POLLIN;
+  // Between statements nothing is due from the server: anything readable is
+  // the end of the connection (or the words the server sent before ending it).
+  return p.fd >= 0 && poll(&p, 1, 0) > 0;
+}
+
+void Link::Ready() {
+  if (mysql_ != nullptr && !dropped_ && !PeerClosed()) return;
+  Hangup();
+  Dial();
+  ++reconnects_;
+}
+
+void Link::ThrowLastError() {
   const unsigned number = mysql_errno(mysql_);
   const std::string message = mysql_error(mysql_);
+  if (Dropped(number)) dropped_ = true;
   // A value the column cannot take: the failure of a value that does not fit.
   if (number == ER_DATA_TOO_LONG || number == ER_WARN_DATA_OUT_OF_RANGE) {
     throw Error(errc::kMultipleStep, message);
@@ -78,12 +144,13 @@ void Link::ThrowLastError() const {
 }
 
 MYSQL_RES* Link::Run(StatementKind kind, const std::string& sql, bool stream) {
-  if (mysql_ == nullptr) throw Error(errc::kNoConnection, "The connection is closed");
+  if (!open_) throw Error(errc::kNoConnection, "The connection is closed");
   if (streamer_ != nullptr) {
     Streamer* s = streamer_;
     streamer_ = nullptr;
     s->LetGo();
   }
+  Ready();
   NotifyStatement(kind, sql);
   if (mysql_real_query(mysql_, sql.data(), sql.size()) != 0) ThrowLastError();
   if (mysql_field_count(mysql_) == 0) return nullptr;
@@ -111,7 +178,8 @@ const TableInfo& Link::Table(const std::string& db, const std::string& table) {
   return tables_.emplace(key, std::move(info)).first->second;
 }
 
-std::string Link::Escape(std::string_view text) const {
+std::string Link::Escape(std::string_view text) {
+  if (mysql_ == nullptr) Ready();  // the wire dropped and could not be had again yet
   std::string out(text.size() * 2 + 1, '\0');
   const unsigned long n = mysql_real_escape_string(mysql_, out.data(), text.data(), text.size());
   out.resize(n);

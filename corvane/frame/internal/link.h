@@ -1,6 +1,14 @@
 // The wire of a connection: one MariaDB Connector/C handle, the statement it
 // runs, the one result that may be streaming on it, and what it has learnt
 // about the tables it changes rows of.
+//
+// A link that has dropped (the server restarted or went away, its
+// wait_timeout passed, the network failed) is replaced before the next
+// statement goes out: the link knows it has dropped when a call on it failed
+// for that reason, or when the server has closed its end, which shows as a
+// socket that can be read while no statement is running (a poll, not a round
+// trip). A statement that failed is never sent again, and the rows of a
+// result are never read from any link but the one that ran it.
 #ifndef CORVANE_FRAME_INTERNAL_LINK_H_
 #define CORVANE_FRAME_INTERNAL_LINK_H_
 
@@ -41,9 +49,15 @@ class Link {
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
 
+  // Connects; timeout_seconds is the connect time-out unless params gives
+  // one. A failure throws corvane::Error with the client's words.
   void Connect(const ConnectionParams& params, int timeout_seconds);
   void Disconnect();
-  bool connected() const { return mysql_ != nullptr; }
+  // Open from Connect to Disconnect, also while the wire is down between a
+  // drop and the next statement.
+  bool connected() const { return open_; }
+  // How many times a dropped wire has been replaced.
+  std::uint64_t reconnects() const { return reconnects_; }
 
   // Runs a statement. Returns its result when it has columns (streaming when
   // stream is true, else read whole), or null when it returns no rows. The
@@ -62,8 +76,9 @@ class Link {
   // True when the last call on the handle failed (a row fetch among them).
   bool Failed() const { return mysql_ != nullptr && mysql_errno(mysql_) != 0; }
 
-  // Throws the failure of the last call on the handle.
-  [[noreturn]] void ThrowLastError() const;
+  // Throws the failure of the last call on the handle; one that means the
+  // wire has dropped marks it for replacement before the next statement.
+  [[noreturn]] void ThrowLastError();
 
   // The columns and key of db.table, asked once and kept.
   const TableInfo& Table(const std::string& db, const std::string& table);
@@ -71,9 +86,24 @@ class Link {
   // Bytes per character of the character set of the connection.
   unsigned CharWidth() const { return char_width_; }
   // The text escaped for a quoted literal.
-  std::string Escape(std::string_view text) const;
+  std::string Escape(std::string_view text);
 
  private:
+  // Opens a new handle with params_; throws on failure, leaving none.
+  void Dial();
+  // Drops the handle (the streamer lets go of it first).
+  void Hangup();
+  // A wire that can take the next statement: the one there, or a new one
+  // when it has dropped.
+  void Ready();
+  // The server has closed its end, or sent something while nothing runs.
+  bool PeerClosed() const;
+
+  ConnectionParams params_;
+  int connect_timeout_ = 0;
+  bool open_ = false;
+  bool dropped_ = false;
+  std::uint64_t reconnects_ = 0;
   MYSQL* mysql_ = nullptr;
   Streamer* streamer_ = nullptr;
   unsigned char_width_ = 4;

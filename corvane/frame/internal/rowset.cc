@@ -99,6 +99,7 @@ void Rowset::FinishResult(bool keep_rows) {
       }
       ahead_.push_back(std::move(row));
     }
+    if (streaming_ && link_.Failed()) cut_ = FetchFailure();
   }
   mysql_free_result(result_);  // reads and drops what is left on the wire
   result_ = nullptr;
@@ -120,6 +121,7 @@ bool Rowset::Fetch(Row* row) {
     ahead_.pop_front();
     return true;
   }
+  if (cut_) throw *cut_;
   if (result_ == nullptr) return false;
   MYSQL_RES* const result = result_;
   MYSQL_ROW r = mysql_fetch_row(result);

@@ -97,6 +97,9 @@ class Rowset final : public Streamer {
   };
   mutable std::array<Memo, 64> memo_;
   std::deque<Row> ahead_;
+  // Rows kept when the wire was needed elsewhere end here when it failed
+  // under them: reading past them fails, it never ends short.
+  std::optional<Error> cut_;
   Row current_;
   bool bof_ = true;
   bool eof_ = true;
