@@ -5,6 +5,7 @@
 
 #include "corvane/frame/host.h"
 #include "corvane/frame/internal/profile.h"
+#include "corvane/frame/internal/session_pool.h"
 
 namespace corvane {
 namespace {
@@ -27,16 +28,18 @@ std::string ProfileConnectionText() {
 void clsDbSession::Open() {
   std::string text = SessionConnectionString();
   if (text.empty()) text = ProfileConnectionText();
-  auto connection = std::make_shared<corvane::Connection>();
-  connection->SetConnectionString(text);
-  connection->Open();
-  connection_ = std::move(connection);
+  connection_ = internal::AcquireConnection(text);
 }
 
 std::shared_ptr<corvane::Connection> clsDbSession::Connection() { return connection_; }
 
 void clsDbSession::Close() {
-  if (connection_ && connection_->State() == 1) connection_->Close();
+  if (!connection_) return;
+  if (internal::ConnectionsAreKept()) {
+    connection_.reset();  // the last holder gives it back to the pool
+  } else if (connection_->State() == 1) {
+    connection_->Close();
+  }
 }
 
 }  // namespace corvane

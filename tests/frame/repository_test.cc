@@ -929,6 +929,8 @@ TEST_F(RepositoryTest, ConstructionFailsWithTheFailureOfTheSessionAndNoReport) {
 }
 
 TEST_F(RepositoryTest, ReleasingTheObjectClosesItsSession) {
+  // A session with a connection of its own, neither pooled nor shared.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
   const std::string count =
       "select count(*) from information_schema.processlist where lower(db) = lower('" +
       database() + "')";

@@ -168,6 +168,8 @@ TEST_F(SessionTest, TheSocketItem) {
 // ------------------------------------------------------------ open and close
 
 TEST_F(SessionTest, ConnectionHandsOutTheOneOpenConnection) {
+  // Each session with a connection of its own, neither pooled nor shared.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
   clsDbSession s;
   s.Open();
   const std::shared_ptr<Connection> first = s.Connection();
@@ -190,6 +192,8 @@ TEST_F(SessionTest, ConnectionHandsOutTheOneOpenConnection) {
 }
 
 TEST_F(SessionTest, CloseEndsTheServersConnection) {
+  // Each session with a connection of its own, neither pooled nor shared.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
   clsDbSession s;
   s.Open();
   const std::string id = Ask(s.Connection(), "select connection_id() as v");
@@ -205,6 +209,8 @@ TEST_F(SessionTest, CloseEndsTheServersConnection) {
 }
 
 TEST_F(SessionTest, AClosedConnectionCannotRunAStatement) {
+  // Each session with a connection of its own, neither pooled nor shared.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
   clsDbSession s;
   s.Open();
   std::shared_ptr<Connection> cn = s.Connection();

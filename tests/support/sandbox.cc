@@ -137,6 +137,7 @@ void SandboxTest::TearDown() {
   SetStatementObserver(nullptr);
   SetReportHandler(nullptr);
   SetSessionConnectionString("");
+  SetSessionPool(SessionPoolOptions{});
   direct_.reset();
   if (!HasFailure() || std::getenv("CORVANE_KEEP_FAILED") == nullptr) {
     Direct admin;

@@ -132,6 +132,22 @@ void Link::Ready() {
   ++reconnects_;
 }
 
+void Link::Abandon(MYSQL_RES* result) {
+  // A result of mysql_use_result points at its handle, and freeing it would
+  // read the rest of the rows; without the handle it only frees its memory.
+  result->handle = nullptr;
+  mysql_free_result(result);
+  streamer_ = nullptr;
+  if (mysql_ != nullptr) {
+    mysql_close(mysql_);  // forces the handle ready, says goodbye, closes
+    mysql_ = nullptr;
+  }
+}
+
+void Link::NoteFailure() {
+  if (mysql_ != nullptr && Dropped(mysql_errno(mysql_))) dropped_ = true;
+}
+
 void Link::ThrowLastError() {
   const unsigned number = mysql_errno(mysql_);
   const std::string message = mysql_error(mysql_);

@@ -56,6 +56,9 @@ class Link {
   // Open from Connect to Disconnect, also while the wire is down between a
   // drop and the next statement.
   bool connected() const { return open_; }
+  // A wire is there and the server has not ended it, as far as can be seen
+  // without a round trip.
+  bool Alive() const { return mysql_ != nullptr && !dropped_ && !PeerClosed(); }
   // How many times a dropped wire has been replaced.
   std::uint64_t reconnects() const { return reconnects_; }
 
@@ -64,6 +67,14 @@ class Link {
   // streamer on the wire, if any, is asked to let go first. A failure throws
   // corvane::Error.
   MYSQL_RES* Run(StatementKind kind, const std::string& sql, bool stream);
+
+  // Frees a streaming result without reading the rest of its rows: the wire
+  // is given up (it still carries them) and the next statement dials anew.
+  // For a long result that is cheaper than reading it to its end.
+  void Abandon(MYSQL_RES* result);
+  // Marks the wire for replacement when the last call failed because it
+  // dropped.
+  void NoteFailure();
 
   void BeginStreaming(Streamer* streamer) { streamer_ = streamer; }
   void EndStreaming(const Streamer* streamer) {

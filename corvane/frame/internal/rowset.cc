@@ -100,10 +100,30 @@ void Rowset::FinishResult(bool keep_rows) {
       ahead_.push_back(std::move(row));
     }
     if (streaming_ && link_.Failed()) cut_ = FetchFailure();
+  } else if (streaming_ && !DrainShort()) {
+    // Rows nobody will read, and more of them than are worth reading past.
+    MYSQL_RES* const result = result_;
+    result_ = nullptr;
+    link_.EndStreaming(this);
+    link_.Abandon(result);
+    return;
   }
   mysql_free_result(result_);  // reads and drops what is left on the wire
   result_ = nullptr;
   if (streaming_) link_.EndStreaming(this);
+}
+
+bool Rowset::DrainShort() {
+  // Reading a short rest costs less than a new connection; a long one (the
+  // whole table under an AddNew, say) costs time in proportion to the table.
+  constexpr int kDrainLimit = 1000;
+  for (int i = 0; i < kDrainLimit; ++i) {
+    if (mysql_fetch_row(result_) == nullptr) {
+      link_.NoteFailure();
+      return true;
+    }
+  }
+  return false;
 }
 
 Error Rowset::FetchFailure() const {

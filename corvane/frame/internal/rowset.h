@@ -72,6 +72,8 @@ class Rowset final : public Streamer {
   bool Fetch(Row* row);  // the next row, from the rows read ahead or the wire
   Error FetchFailure() const;
   void FinishResult(bool keep_rows);
+  // Reads the rest of a streaming result if it is short: true when it ended.
+  bool DrainShort();
   void RequireRow() const;
   void RequireWritable() const;
   // The table a change of the current row goes to.
