@@ -37,11 +37,6 @@ Repository::~Repository() {
   }
 }
 
-Recordset& Repository::rs() {
-  if (!rs_) rs_ = std::make_unique<Recordset>();
-  return *rs_;
-}
-
 Recordset& Repository::FreshRs() {
   auto fresh = std::make_unique<Recordset>();
   rs_.swap(fresh);
@@ -78,8 +73,13 @@ void Repository::KeysetEditWithDefaults(const std::string& sql) {
 
 Variant Repository::Nz(std::string_view null_test_column, std::string_view value_column,
                        const Variant& fallback) {
-  const bool is_null = rs().Fields(null_test_column).IsNull();
-  const Field value = rs().Fields(value_column);
+  Recordset& r = rs();
+  const Field test = r.Fields(null_test_column);
+  const bool is_null = test.IsNull();
+  // The second fetch of the same name finds the same field.
+  const bool same = null_test_column.data() == value_column.data() &&
+                    null_test_column.size() == value_column.size();
+  const Field value = same ? test : r.Fields(value_column);
   return is_null ? fallback : value.Value();
 }
 

@@ -64,7 +64,10 @@ class Repository {
 
   clsDbSession& session() { return session_; }
   // rs is created on first use: every use finds one.
-  Recordset& rs();
+  Recordset& rs() {
+    if (!rs_) rs_ = std::make_unique<Recordset>();
+    return *rs_;
+  }
   // Sets rs to nothing; an open recordset closes with its release.
   void ResetRs() { rs_.reset(); }
   // Replaces rs by a new recordset.

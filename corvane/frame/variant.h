@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -24,6 +25,7 @@ class Variant {
   Variant(double v) : value_(v) {}
   Variant(std::string v) : value_(std::move(v)) {}
   Variant(const char* v) : value_(std::string(v)) {}
+  explicit Variant(std::string_view v) : value_(std::in_place_type<std::string>, v) {}
   Variant(Date v) : value_(v) {}
   Variant(bool v) : value_(v) {}
   Variant(std::vector<std::uint8_t> v) : value_(std::move(v)) {}

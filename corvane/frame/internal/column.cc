@@ -121,6 +121,7 @@ Column Column::From(const MYSQL_FIELD& f, unsigned char_width) {
   c.length = f.length;
   c.charsetnr = f.charsetnr;
   c.char_width = char_width == 0 ? 1 : char_width;
+  c.plain_text = c.text() && !c.binary();
   return c;
 }
 
@@ -129,9 +130,11 @@ std::int64_t Column::DefinedSize() const {
   return static_cast<std::int64_t>(length);
 }
 
-Variant ReadCell(const Column& column, const Cell& cell) {
+Variant ReadCell(const Column& column, CellView cell) {
   if (!cell) return Variant::Null();
-  const std::string& s = *cell;
+  // Text, the common case, straight from where it stands.
+  if (column.plain_text) return Variant(*cell);
+  const std::string s(*cell);
   const enum_field_types t = column.type;
   if (IsInteger(t)) {
     if (t == MYSQL_TYPE_BIT) {

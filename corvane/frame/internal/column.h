@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "corvane/frame/variant.h"
 
@@ -26,6 +27,7 @@ struct Column {
   unsigned long length = 0;  // bytes
   unsigned charsetnr = 0;
   unsigned char_width = 1;   // bytes per character of text columns
+  bool plain_text = false;   // text() && !binary(), asked on every read
 
   static Column From(const MYSQL_FIELD& f, unsigned char_width);
 
@@ -43,9 +45,14 @@ struct Column {
 
 // A cell as the server sends it in text form; no value is null.
 using Cell = std::optional<std::string>;
+// A cell where it stands: in a row kept by the rowset or on the wire.
+using CellView = std::optional<std::string_view>;
 
 // The runtime value of a cell of this column.
-Variant ReadCell(const Column& column, const Cell& cell);
+Variant ReadCell(const Column& column, CellView cell);
+inline Variant ReadCell(const Column& column, const Cell& cell) {
+  return ReadCell(column, cell ? CellView(*cell) : std::nullopt);
+}
 
 // The cell a written value becomes, in the server's text form. A value that
 // cannot become a value of the column (too long, out of range, no number, no

@@ -76,17 +76,35 @@ Rowset::Rowset(std::shared_ptr<Connection> connection, MYSQL_RES* result, bool s
   } else {
     record_count_ = static_cast<std::int32_t>(mysql_num_rows(result_));
   }
-  if (Fetch(&current_)) {
+  if (Advance()) {
     bof_ = eof_ = false;
   }
 }
 
-Rowset::~Rowset() { FinishResult(false); }
+Rowset::~Rowset() {
+  wire_row_ = nullptr;  // nobody reads the current row any more
+  FinishResult(false);
+}
 
 void Rowset::LetGo() { FinishResult(mode_ != Mode::kAdd); }
 
+void Rowset::Own() {
+  if (wire_row_ == nullptr) return;
+  current_.resize(columns_.size());
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (wire_row_[i] == nullptr) {
+      current_[i].reset();
+    } else {
+      current_[i].emplace(wire_row_[i], wire_lengths_[i]);
+    }
+  }
+  wire_row_ = nullptr;
+  wire_lengths_ = nullptr;
+}
+
 void Rowset::FinishResult(bool keep_rows) {
   if (result_ == nullptr) return;
+  Own();
   if (keep_rows) {
     Row row;
     while (true) {
@@ -135,16 +153,17 @@ Error Rowset::FetchFailure() const {
   return Error(errc::kProvider, "The rows could not be read");
 }
 
-bool Rowset::Fetch(Row* row) {
+bool Rowset::Advance() {
+  wire_row_ = nullptr;
+  wire_lengths_ = nullptr;
+  if (cut_ && ahead_.empty()) throw *cut_;
   if (!ahead_.empty()) {
-    *row = std::move(ahead_.front());
+    current_ = std::move(ahead_.front());
     ahead_.pop_front();
     return true;
   }
-  if (cut_) throw *cut_;
   if (result_ == nullptr) return false;
-  MYSQL_RES* const result = result_;
-  MYSQL_ROW r = mysql_fetch_row(result);
+  MYSQL_ROW r = mysql_fetch_row(result_);
   if (r == nullptr) {
     // The end of the rows, or the connection failing under them.
     const bool failed = streaming_ && link_.Failed();
@@ -156,11 +175,8 @@ bool Rowset::Fetch(Row* row) {
     FinishResult(false);
     return false;
   }
-  const unsigned long* lengths = mysql_fetch_lengths(result);
-  row->assign(columns_.size(), std::nullopt);
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (r[i] != nullptr) (*row)[i].emplace(r[i], lengths[i]);
-  }
+  wire_row_ = r;
+  wire_lengths_ = mysql_fetch_lengths(result_);
   return true;
 }
 
@@ -202,7 +218,7 @@ bool Rowset::IsNull(std::size_t i) const {
   if (mode_ == Mode::kAdd) return true;
   RequireRow();
   if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
-  return !current_[i].has_value();
+  return !CellAt(i).has_value();
 }
 
 Variant Rowset::Value(std::size_t i) const {
@@ -210,7 +226,7 @@ Variant Rowset::Value(std::size_t i) const {
   if (mode_ == Mode::kAdd) return Variant::Null();
   RequireRow();
   if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
-  return ReadCell(columns_[i], current_[i]);
+  return ReadCell(columns_[i], CellAt(i));
 }
 
 void Rowset::MoveNext() {
@@ -220,7 +236,7 @@ void Rowset::MoveNext() {
                 "Either BOF or EOF is True, or the current record has been deleted");
   }
   deleted_ = false;
-  if (Fetch(&current_)) {
+  if (Advance()) {
     bof_ = false;
   } else {
     current_.clear();
@@ -261,6 +277,7 @@ const Column& Rowset::BaseOf(const std::vector<std::size_t>& written) const {
 }
 
 std::string Rowset::Identity(const Column& base) {
+  Own();
   const TableInfo& info = link_.Table(base.db, base.table);
   std::vector<std::size_t> mine;
   for (std::size_t i = 0; i < columns_.size(); ++i) {

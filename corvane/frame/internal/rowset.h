@@ -69,7 +69,20 @@ class Rowset final : public Streamer {
  private:
   enum class Mode { kNone, kEdit, kAdd };
 
-  bool Fetch(Row* row);  // the next row, from the rows read ahead or the wire
+  // Makes the next row current, from the rows read ahead or the wire; false
+  // at the end.
+  bool Advance();
+  // A row read from the wire stays in the wire's buffer until the next fetch
+  // or the end of the result: this copies it into current_ first.
+  void Own();
+  CellView CellAt(std::size_t i) const {
+    if (wire_row_ != nullptr) {
+      const char* data = wire_row_[i];
+      return data == nullptr ? CellView() : CellView(std::string_view(data, wire_lengths_[i]));
+    }
+    const Cell& c = current_[i];
+    return c ? CellView(*c) : CellView();
+  }
   Error FetchFailure() const;
   void FinishResult(bool keep_rows);
   // Reads the rest of a streaming result if it is short: true when it ended.
@@ -103,6 +116,8 @@ class Rowset final : public Streamer {
   // under them: reading past them fails, it never ends short.
   std::optional<Error> cut_;
   Row current_;
+  MYSQL_ROW wire_row_ = nullptr;  // the current row, while it is on the wire
+  const unsigned long* wire_lengths_ = nullptr;
   bool bof_ = true;
   bool eof_ = true;
   bool deleted_ = false;
