@@ -20,6 +20,7 @@
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
 #include "corvane/entities/quotation_header.h"
+#include "corvane/entities/quotation_line.h"
 #include "corvane/entities/sitemno.h"
 
 #include "corvane/orders/order_change.h"
@@ -28,5 +29,6 @@
 #include "corvane/orders/order_type.h"
 
 #include "corvane/quotations/quotation_header.h"
+#include "corvane/quotations/quotation_lines.h"
 
 #endif  // CORVANE_CORVANE_H_
