@@ -701,7 +701,8 @@ TEST_F(QuotationHeaderTest, UpdateApproveAndCheckeWithAQuoteReportTheServerFailu
 // --- UpdateRecord -------------------------------------------------------------
 
 TEST_F(QuotationHeaderTest, UpdateRecordOverwritesAllButWhoEnteredItAndTheSignatures) {
-  Header("2026110201", "2026-11-02", "OLD");
+  Header("2026110201", "2026-10-30", "OLD");
+  Counter("t_bpriceh", "2026110201", "2026-10-30");
   db().Exec("update t_bpriceh set F_Tabler='t0', F_TablerTime='2026-11-02 08:00:00', "
             "F_Checker='c0', F_CheckerTime='2026-11-02 08:10:00', F_Approve='a0', "
             "F_ApproveTime='2026-11-02 08:20:00', F_Flags=1");
@@ -730,6 +731,8 @@ TEST_F(QuotationHeaderTest, UpdateRecordOverwritesAllButWhoEnteredItAndTheSignat
   row[14] = "2026-11-02 08:20:00";
   row[17] = "1";
   EXPECT_EQ(Rows{row}, db().Rows("select * from t_bpriceh"));
+  // A new number and date leave t_sitemno as it was.
+  EXPECT_EQ((Rows{{"t_bpriceh", "2026110201", "2026-10-30"}}), Counters());
 }
 
 TEST_F(QuotationHeaderTest, UpdateRecordOfAnUnknownNumberReportsAndGives0) {
