@@ -14,15 +14,21 @@
 #include "corvane/frame/text.h"
 #include "corvane/frame/variant.h"
 
+#include "corvane/entities/currency.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
+#include "corvane/entities/quotation_header.h"
+#include "corvane/entities/quotation_line.h"
 #include "corvane/entities/sitemno.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"
 #include "corvane/orders/order_lines.h"
 #include "corvane/orders/order_type.h"
+
+#include "corvane/quotations/quotation_header.h"
+#include "corvane/quotations/quotation_lines.h"
 
 #endif  // CORVANE_CORVANE_H_

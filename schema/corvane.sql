@@ -211,7 +211,8 @@ CREATE TABLE t_bpriceh (
   F_TablerTime DATETIME NULL DEFAULT NULL,
   F_Checker VARCHAR(50) NULL DEFAULT NULL,
   F_CheckerTime DATETIME NULL DEFAULT NULL,
-  F_Approve VARCHAR(50) NULL DEFAULT NULL,
+  -- a NO PAD collation: an approval of blanks only is not the empty text
+  F_Approve VARCHAR(50) COLLATE utf8mb4_general_nopad_ci NULL DEFAULT NULL,
   F_ApproveTime DATETIME NULL DEFAULT NULL,
   F_SalerID VARCHAR(50) NULL DEFAULT NULL,
   F_COrderNo VARCHAR(50) NULL DEFAULT NULL,
