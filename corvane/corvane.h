@@ -14,11 +14,20 @@
 #include "corvane/frame/text.h"
 #include "corvane/frame/variant.h"
 
+#include "corvane/entities/cost_header.h"
+#include "corvane/entities/cost_part.h"
+#include "corvane/entities/cost_wage.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/entities/wage_sort.h"
+
+#include "corvane/costing/cost_header.h"
+#include "corvane/costing/cost_parts.h"
+#include "corvane/costing/cost_wages.h"
+#include "corvane/costing/wage_sort.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"
