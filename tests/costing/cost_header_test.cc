@@ -745,6 +745,19 @@ TEST_F(CostListsTest, QueryEstNoByItemNoWithAQuoteFailsOnTheStatement) {
   ExpectOneReport(kSyntax);
 }
 
+TEST_F(CostListsTest, QueryEstNoByItemNoComparesTheUserAsTheDatabaseComparesText) {
+  Right("C", "ann", "C003");
+  clsDataBCosth repo;
+  Doubles nos;
+  // The collation ignores case and trailing blanks; the id goes in as given.
+  EXPECT_EQ(repo.QueryEstNoByItemNo(nos, "GEAR-40", "ANN "), 1);
+  EXPECT_EQ(nos, (Doubles{0, 20240315001}));
+  EXPECT_EQ(Commands(), (Strings{RightsTest("ANN "), EstNosFiltered("ANN ", "GEAR-40")}));
+  // A leading blank makes another user, who has no rights.
+  EXPECT_EQ(repo.QueryEstNoByItemNo(nos, "GEAR-40", " ann"), 1);
+  EXPECT_EQ(nos.size(), 4u);
+}
+
 // --- QueryItemNo -------------------------------------------------------------
 
 TEST_F(CostListsTest, QueryItemNoWithoutRightsGivesEachItemOnceFromIndexOne) {
@@ -880,6 +893,52 @@ TEST_F(CostHeaderTest, QueryAllStopsAtAFailingRowWithTheEarlierRowsInTheCollecti
   EXPECT_EQ(Reports(), Reports_{PlainReport("Type mismatch")});
   ASSERT_EQ(all.Count(), 1u);
   EXPECT_EQ(all.Item(1).ItemNo, "A");
+}
+
+// --- the class as a whole ---------------------------------------------------
+
+TEST_F(CostHeaderTest, ConstructionFailsWithoutAReport) {
+  const testing::ServerAddress a = testing::ServerAddress::FromEnvironment();
+  SetSessionConnectionString("SERVER=" + a.server + ";PORT=" + std::to_string(a.port) +
+                             ";DATABASE=" + database() + ";UID=" + a.user + ";PWD=not" +
+                             a.password);
+  try {
+    clsDataBCosth repo;
+    ADD_FAILURE() << "the constructor returned";
+  } catch (const Error& e) {
+    EXPECT_EQ(e.Number(), errc::kProvider);
+    EXPECT_THAT(e.Description(), HasSubstr("Access denied"));
+  }
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_TRUE(Sent().empty());
+}
+
+TEST_F(CostHeaderTest, AnEstimateFromAddToDelete) {
+  clsDataBCosth repo;
+  double max = 0;
+  const Date day = Date::FromParts(2024, 3, 15);
+  EXPECT_EQ(repo.QueryDate(day), 0);
+  EXPECT_EQ(repo.QueryMaxEstNo(day, max), 0);
+  clsEntBCosth e = FullEstimate(20240315001);
+  EXPECT_EQ(repo.AddRecord(e), 1);
+  EXPECT_EQ(repo.QueryDate(day), 1);
+  EXPECT_EQ(repo.QueryMaxEstNo(day, max), 1);
+  EXPECT_EQ(max, 20240315001);
+  e.EstNo = max + 1;
+  EXPECT_EQ(repo.AddRecord(e), 1);
+  e.TotCost = 200;
+  EXPECT_EQ(repo.UpdateRecord(e), 1);
+  Doubles nos;
+  EXPECT_EQ(repo.QueryEstNoByItemNo(nos, "GEAR-40", ""), 1);
+  EXPECT_EQ(nos, (Doubles{0, 20240315002, 20240315001}));
+  Strings items;
+  EXPECT_EQ(repo.QueryItemNo(items, ""), 1);
+  EXPECT_EQ(items, (Strings{"", "GEAR-40"}));
+  EXPECT_EQ(repo.DeleteRecord(e), 1);
+  EXPECT_EQ(repo.DeleteRecord(e), 2);
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ(db().Rows("select F_EstNo, F_TotCost from t_bcosth"),
+            (Rows{{"20240315001", "125.75"}}));
 }
 
 }  // namespace
