@@ -15,6 +15,9 @@
 #include "corvane/frame/variant.h"
 
 #include "corvane/entities/currency.h"
+#include "corvane/entities/cost_header.h"
+#include "corvane/entities/cost_part.h"
+#include "corvane/entities/cost_wage.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
@@ -22,6 +25,12 @@
 #include "corvane/entities/quotation_header.h"
 #include "corvane/entities/quotation_line.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/entities/wage_sort.h"
+
+#include "corvane/costing/cost_header.h"
+#include "corvane/costing/cost_parts.h"
+#include "corvane/costing/cost_wages.h"
+#include "corvane/costing/wage_sort.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"

@@ -26,6 +26,7 @@ int main() {
   try {
     demo::Orders();
     demo::Quotations();
+    demo::Costing();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

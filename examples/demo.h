@@ -43,6 +43,7 @@ auto Call(const std::string& what, Fn&& fn) {
 // cannot be opened.
 void Orders();
 void Quotations();
+void Costing();
 
 }  // namespace demo
 
