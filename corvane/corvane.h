@@ -14,11 +14,16 @@
 #include "corvane/frame/text.h"
 #include "corvane/frame/variant.h"
 
+#include "corvane/entities/customer.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
+#include "corvane/entities/sales_person.h"
 #include "corvane/entities/sitemno.h"
+
+#include "corvane/customers/customer.h"
+#include "corvane/customers/sales_people.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"
