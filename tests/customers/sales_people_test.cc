@@ -22,6 +22,7 @@ namespace {
 using ::corvane::testing::LengthReport;
 using ::corvane::testing::PlainReport;
 using ::corvane::testing::SandboxTest;
+using ::corvane::testing::ServerAddress;
 using ::testing::StartsWith;
 using Rows = std::vector<std::vector<std::string>>;
 using Strings = std::vector<std::string>;
@@ -366,6 +367,18 @@ TEST_F(SalesPeopleTest, AddRecordStoresBlanksAsTheyStand) {
                       "t_bsaler where F_SalerId=' S05'"));
 }
 
+TEST_F(SalesPeopleTest, AddRecordWritesAQuoteInTheNameAsItStands) {
+  clsDataBSaler repo;
+  clsEntBSaler e = Saler("S04", "O'Neil");
+  EXPECT_EQ(1, repo.AddRecord(e));
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ("O'Neil", db().Scalar("select F_Saler_1st from t_bsaler where F_SalerId='S04'"));
+  // The same name breaks the statement of an update.
+  EXPECT_EQ(0, repo.UpdateRecord(e, "S04"));
+  ASSERT_EQ(1u, Reports().size());
+  EXPECT_THAT(Reports()[0].text, StartsWith(kSyntax));
+}
+
 TEST_F(SalesPeopleTest, AddRecordOfAnExistingIdentifierReturns2WithoutAReport) {
   clsDataBSaler repo;
   clsEntBSaler e = Saler("S01", "Other");
@@ -546,6 +559,41 @@ TEST_F(SalesPeopleTest, DeleteRecordReturns0AfterAFailureToo) {
 }
 
 // ============================================================ the class as a whole
+
+TEST_F(SalesPeopleTest, QueryAllReportsBeforeItLetsRsGo) {
+  // The add to no collection fails with rs open; a call made while the report
+  // is up finds it open still.
+  clsDataBSaler repo;
+  std::vector<Report> seen;
+  std::vector<std::int16_t> inner;
+  SetReportHandler([&](const Report& r) {
+    seen.push_back(r);
+    if (seen.size() != 1) return;
+    clsEntBSaler e = Saler("S01");
+    inner.push_back(repo.QueryByID(e));
+  });
+  repo.QueryAll(nullptr);
+  EXPECT_EQ(std::vector<std::int16_t>{2}, inner);
+  EXPECT_EQ((Reports_{DescriptionReport(kObjectRequired), PlainReport(kOpenWords)}), seen);
+  clsEntBSaler e = Saler("S01");
+  EXPECT_EQ(1, repo.QueryByID(e));
+}
+
+TEST_F(SalesPeopleTest, ConstructionFailsWithoutAReport) {
+  const ServerAddress a = ServerAddress::FromEnvironment();
+  SetSessionConnectionString("SERVER=" + a.server + ";PORT=" + std::to_string(a.port) +
+                             ";DATABASE=" + database() + ";UID=" + a.user + ";PWD=not" +
+                             a.password);
+  try {
+    clsDataBSaler repo;
+    ADD_FAILURE() << "the constructor returned";
+  } catch (const Error& e) {
+    EXPECT_EQ(errc::kProvider, e.Number());
+    EXPECT_THAT(e.Description(), StartsWith("Access denied"));
+  }
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_TRUE(Sent().empty());
+}
 
 TEST_F(SalesPeopleTest, AddListRenameShowDelete) {
   db().Exec("delete from t_bsaler");
