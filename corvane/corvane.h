@@ -18,12 +18,14 @@
 #include "corvane/entities/cost_header.h"
 #include "corvane/entities/cost_part.h"
 #include "corvane/entities/cost_wage.h"
+#include "corvane/entities/customer.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
 #include "corvane/entities/quotation_header.h"
 #include "corvane/entities/quotation_line.h"
+#include "corvane/entities/sales_person.h"
 #include "corvane/entities/sitemno.h"
 #include "corvane/entities/wage_sort.h"
 
@@ -31,6 +33,9 @@
 #include "corvane/costing/cost_parts.h"
 #include "corvane/costing/cost_wages.h"
 #include "corvane/costing/wage_sort.h"
+
+#include "corvane/customers/customer.h"
+#include "corvane/customers/sales_people.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"

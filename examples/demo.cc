@@ -27,6 +27,7 @@ int main() {
     demo::Orders();
     demo::Quotations();
     demo::Costing();
+    demo::Customers();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

@@ -44,6 +44,7 @@ auto Call(const std::string& what, Fn&& fn) {
 void Orders();
 void Quotations();
 void Costing();
+void Customers();
 
 }  // namespace demo
 
