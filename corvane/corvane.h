@@ -15,13 +15,16 @@
 #include "corvane/frame/variant.h"
 
 #include "corvane/entities/customer_study.h"
+#include "corvane/entities/goods_type.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
+#include "corvane/entities/sample.h"
 #include "corvane/entities/sitemno.h"
 
 #include "corvane/customers/customer_study.h"
+#include "corvane/customers/sample.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"
