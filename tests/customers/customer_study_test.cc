@@ -934,6 +934,34 @@ TEST_F(CustomerStudyTest, QueryDateOnAnOpenRsGivesTheZeroDateAndResets) {
   EXPECT_EQ((Strings{LargestSql(), QueryDateSql()}), Commands());
 }
 
+// ------------------------------------------------------------ rs across calls
+
+TEST_F(CustomerStudyTest, ReadsAfterAKeysetEditTakeOverItsCursorAndReadAsEver) {
+  Study("2026110201", "2026-11-02", "C001");
+  Study("2026110202", "2026-11-02", "C002");
+  clsDataBCStudy repo;
+  clsEntBCStudy e = FullStudy(2026110201);
+  EXPECT_EQ(1, repo.UpdateRecord(e, "2026110201"));
+  // rs is closed with CursorType 1 and LockType 3 set on it; the read-opens
+  // that follow use them.
+  Collection<clsEntBCStudy> customers;
+  EXPECT_EQ(1, repo.QueryAll(&customers));
+  EXPECT_EQ((Strings{"C001", "C002"}), Customers(customers));
+  clsEntBCStudy back;
+  EXPECT_EQ(1, repo.BackEntity(back, "2026110202"));
+  EXPECT_EQ("C002", back.CustNo);
+  Collection<clsEntBCStudy> numbers;
+  EXPECT_EQ(1, repo.QueryAlldetaile(&numbers, "C001"));
+  EXPECT_EQ(std::vector<double>{2026110201}, Numbers(numbers));
+  clsEntBCStudy largest;
+  EXPECT_EQ(1, repo.QueryMaxItem(largest));
+  EXPECT_EQ(2026110202, largest.InvestNo);
+  clsEntSitemNo counter;
+  EXPECT_EQ(0, repo.QueryCondition(kDay, "t_bcstudy", counter));
+  EXPECT_EQ(1u, RowChanges().size());  // the update alone
+  EXPECT_TRUE(Reports().empty());
+}
+
 // ------------------------------------------------------------ the day's turn
 
 TEST_F(CustomerStudyTest, TwoStudiesOfADay) {

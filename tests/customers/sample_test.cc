@@ -948,6 +948,22 @@ TEST_F(SampleTest, QueryAlldetaileWithAQuoteOrANullCollectionGives0) {
   EXPECT_EQ(1u, coll.Count());
 }
 
+TEST_F(SampleTest, QueryAlldetaileReadsANullCustnoAsEmptyText) {
+  // Only a quote in the customer number reaches a row without one.
+  Sample("7");
+  SetNull("F_Custno");
+  clsDataBSample repo;
+  Collection<clsEntBSample> coll;
+  EXPECT_EQ(1, repo.QueryAlldetaile(&coll, "x' or F_Custno is null or 'a'='b"));
+  EXPECT_EQ(Strings{"select * from t_bsample where F_Custno='x' or F_Custno is null or "
+                    "'a'='b'"},
+            Commands());
+  ASSERT_EQ(1u, coll.Count());
+  EXPECT_EQ("", coll.Item(1).Custno);
+  EXPECT_EQ(7, coll.Item(1).NumNo);
+  EXPECT_TRUE(Reports().empty());
+}
+
 // ------------------------------------------------------------ QueryCondition
 
 TEST_F(SampleTest, QueryConditionFindsTheRowOfTheNameAndDay) {
@@ -976,6 +992,35 @@ TEST_F(SampleTest, QueryConditionFailureGives2) {
   Clear();
   EXPECT_EQ(2, repo.QueryCondition(kDay, "t_b'sample", e));
   ExpectOnePlainReport(kSyntax);
+}
+
+// ------------------------------------------------------------ rs across calls
+
+TEST_F(SampleTest, ReadsAfterAKeysetEditTakeOverItsCursorAndReadAsEver) {
+  Sample("2026110201", "C001");
+  Sample("2026110202", "C002");
+  db().Exec("insert into t_egoodstype values ('wood', '1')");
+  clsDataBSample repo;
+  clsEntBSample e = FullSample(2026110201);
+  EXPECT_EQ(1, repo.UpdateRecord(e, "2026110201"));
+  // rs is closed with CursorType 1 and LockType 3 set on it; the read-opens
+  // that follow use them.
+  Collection<clsEntEGoodsType> types;
+  EXPECT_EQ(Variant(std::int16_t{1}), repo.QueryEGoodsType(&types));
+  Collection<clsEntBSample> customers;
+  EXPECT_TRUE(repo.QueryAllCustmo(&customers).IsEmpty());
+  EXPECT_EQ(2u, customers.Count());
+  Collection<clsEntBSample> of_customer;
+  EXPECT_EQ(1, repo.QueryAlldetaile(&of_customer, "C002"));
+  EXPECT_EQ(1u, of_customer.Count());
+  clsEntBSample got;
+  got.NumNo = 2026110202;
+  EXPECT_EQ(1, repo.GetSampleRecord(got));
+  clsEntBSample largest;
+  EXPECT_EQ(1, repo.QueryMaxItem(largest));
+  EXPECT_EQ(2026110202, largest.NumNo);
+  EXPECT_EQ(1u, RowChanges().size());  // the update alone
+  EXPECT_TRUE(Reports().empty());
 }
 
 // ------------------------------------------------------------ the day's turn
