@@ -19,6 +19,8 @@
 #include "corvane/entities/cost_part.h"
 #include "corvane/entities/cost_wage.h"
 #include "corvane/entities/customer.h"
+#include "corvane/entities/customer_study.h"
+#include "corvane/entities/goods_type.h"
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
@@ -26,6 +28,7 @@
 #include "corvane/entities/quotation_header.h"
 #include "corvane/entities/quotation_line.h"
 #include "corvane/entities/sales_person.h"
+#include "corvane/entities/sample.h"
 #include "corvane/entities/sitemno.h"
 #include "corvane/entities/wage_sort.h"
 
@@ -36,6 +39,9 @@
 
 #include "corvane/customers/customer.h"
 #include "corvane/customers/sales_people.h"
+
+#include "corvane/customers/customer_study.h"
+#include "corvane/customers/sample.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"

@@ -28,6 +28,7 @@ int main() {
     demo::Quotations();
     demo::Costing();
     demo::Customers();
+    demo::Studies();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

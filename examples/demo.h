@@ -45,6 +45,7 @@ void Orders();
 void Quotations();
 void Costing();
 void Customers();
+void Studies();
 
 }  // namespace demo
 
