@@ -14,10 +14,10 @@
 #include "corvane/frame/text.h"
 #include "corvane/frame/variant.h"
 
-#include "corvane/entities/currency.h"
 #include "corvane/entities/cost_header.h"
 #include "corvane/entities/cost_part.h"
 #include "corvane/entities/cost_wage.h"
+#include "corvane/entities/currency.h"
 #include "corvane/entities/customer.h"
 #include "corvane/entities/customer_study.h"
 #include "corvane/entities/goods_type.h"
@@ -38,9 +38,8 @@
 #include "corvane/costing/wage_sort.h"
 
 #include "corvane/customers/customer.h"
-#include "corvane/customers/sales_people.h"
-
 #include "corvane/customers/customer_study.h"
+#include "corvane/customers/sales_people.h"
 #include "corvane/customers/sample.h"
 
 #include "corvane/orders/order_change.h"
