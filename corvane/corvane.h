@@ -18,11 +18,16 @@
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
+#include "corvane/entities/outsource_header.h"
+#include "corvane/entities/outsource_line.h"
 #include "corvane/entities/sitemno.h"
 
 #include "corvane/orders/order_change.h"
 #include "corvane/orders/order_header.h"
 #include "corvane/orders/order_lines.h"
 #include "corvane/orders/order_type.h"
+
+#include "corvane/outsource/outsource_header.h"
+#include "corvane/outsource/outsource_lines.h"
 
 #endif  // CORVANE_CORVANE_H_

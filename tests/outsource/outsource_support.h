@@ -157,6 +157,15 @@ inline clsEntBOutMakei FullLine(double order, double prod) {
   return e;
 }
 
+// The values of FullLine in the column order of t_boutmakei, as the server
+// prints them, the two keys left out.
+inline Strings FullLineCells() {
+  return {"GEAR-40", "CNY",     "12.5", "40",   "2026-12-05 00:00:00", "1",   "cast only",
+          "15",      "2026-12-06 14:30:00", "2", "C001", "PO-7",      "Gear 40", "3",
+          "S-40",    "1.5",     "7.25", "VAT",  "85",  "500",       "3625",  "ST1",
+          "E40",     "Gear forty"};
+}
+
 inline void ExpectSameLine(const clsEntBOutMakei& a, const clsEntBOutMakei& b) {
   EXPECT_EQ(a.OrderoutNo, b.OrderoutNo);
   EXPECT_EQ(a.ProdNo, b.ProdNo);
@@ -226,6 +235,16 @@ class OutsourceTest : public testing::SandboxTest {
             const std::string& status = "0", const std::string& item = "GEAR-40") {
     db().Exec("insert into t_boutmakei (F_OrderoutNo, F_ProdNo, F_ItemNo, F_OrdoutQty, F_Status) "
               "values (" + order + ", " + prod + ", '" + item + "', " + qty + ", " + status + ")");
+  }
+  // The line FullLine(order, prod) gives, put in directly.
+  void InsertFullLine(const std::string& order, const std::string& prod) {
+    std::string values = order + ", " + prod;
+    for (const std::string& cell : FullLineCells()) values += ", '" + cell + "'";
+    db().Exec("insert into t_boutmakei values (" + values + ")");
+  }
+  Rows LineRow(const std::string& order, const std::string& prod) {
+    return db().Rows("select * from t_boutmakei where F_OrderoutNo=" + order +
+                     " and F_ProdNo=" + prod);
   }
   Rows Lines() {
     return db().Rows(
