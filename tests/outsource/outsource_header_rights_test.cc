@@ -202,6 +202,21 @@ TEST_F(OutsourceRightsTest, QueryMonthItemListsOnlyTheOrdersOfTheUsersSuppliers)
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(OutsourceRightsTest, QueryMonthItemComparesTheUserAsTheDatabaseComparesText) {
+  Right("S", "wu", "P02");
+  clsDataBOutMakeh repo;
+  Collection<clsEntBOutMakeh> coll;
+  // No trimming or case folding by the library: the table's collation
+  // ignores case, and a leading blank makes another user.
+  EXPECT_EQ(1, repo.QueryMonthItem(&coll, "202611", "WU"));
+  EXPECT_EQ((Strings{"2026110202 P02"}), Listed(coll));
+  EXPECT_EQ(MonthFiltered("WU", "202611"), Commands().back());
+  Collection<clsEntBOutMakeh> blank;
+  EXPECT_EQ(1, repo.QueryMonthItem(&blank, "202611", " wu"));
+  EXPECT_EQ(2u, blank.Count());  // unrestricted
+  EXPECT_EQ(MonthUnfiltered("202611"), Commands().back());
+}
+
 TEST_F(OutsourceRightsTest, QueryMonthItemGivesAnOrderTwiceForTwoAlikeRights) {
   Right("S", "wu", "P01");
   Right("S", "wu", "P01");

@@ -140,6 +140,19 @@ TEST_F(OutsourceHeaderTest, QueryChkItemReadsNullsAsEachColumnsOwnValue) {
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(OutsourceHeaderTest, QueryChkItemReportsAFailureAndGivesZero) {
+  db().Exec("drop table t_boutmakeh");
+  clsDataBOutMakeh repo;
+  clsEntBOutMakeh e;
+  e.OrderoutNo = 2026110201;
+  EXPECT_EQ(0, repo.QueryChkItem(e));
+  EXPECT_EQ(Strings{ChkItemSql("2026110201")}, Commands());
+  ASSERT_EQ(1u, Reports().size());
+  EXPECT_THAT(Reports()[0].text, HasSubstr("t_boutmakeh' doesn't exist"));
+  EXPECT_EQ(64, Reports()[0].style);
+  EXPECT_EQ(kTitle, Reports()[0].title);
+}
+
 // ------------------------------------------------------------ QueryMaxItem
 
 TEST_F(OutsourceHeaderTest, QueryMaxItemOfAnEmptyTableGivesZero) {
