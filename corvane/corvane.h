@@ -25,12 +25,25 @@
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/order_line.h"
 #include "corvane/entities/order_type.h"
+#include "corvane/entities/outsource_header.h"
+#include "corvane/entities/outsource_line.h"
 #include "corvane/entities/quotation_header.h"
 #include "corvane/entities/quotation_line.h"
 #include "corvane/entities/sales_person.h"
 #include "corvane/entities/sample.h"
 #include "corvane/entities/sitemno.h"
 #include "corvane/entities/wage_sort.h"
+
+#include "corvane/orders/order_change.h"
+#include "corvane/orders/order_header.h"
+#include "corvane/orders/order_lines.h"
+#include "corvane/orders/order_type.h"
+
+#include "corvane/quotations/quotation_header.h"
+#include "corvane/quotations/quotation_lines.h"
+
+#include "corvane/outsource/outsource_header.h"
+#include "corvane/outsource/outsource_lines.h"
 
 #include "corvane/costing/cost_header.h"
 #include "corvane/costing/cost_parts.h"
@@ -41,13 +54,5 @@
 #include "corvane/customers/customer_study.h"
 #include "corvane/customers/sales_people.h"
 #include "corvane/customers/sample.h"
-
-#include "corvane/orders/order_change.h"
-#include "corvane/orders/order_header.h"
-#include "corvane/orders/order_lines.h"
-#include "corvane/orders/order_type.h"
-
-#include "corvane/quotations/quotation_header.h"
-#include "corvane/quotations/quotation_lines.h"
 
 #endif  // CORVANE_CORVANE_H_

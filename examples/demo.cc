@@ -29,6 +29,7 @@ int main() {
     demo::Costing();
     demo::Customers();
     demo::Studies();
+    demo::Outsource();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

@@ -46,6 +46,7 @@ void Quotations();
 void Costing();
 void Customers();
 void Studies();
+void Outsource();
 
 }  // namespace demo
 

@@ -2,7 +2,9 @@
 // on the proleptic Gregorian calendar.
 #include "corvane/frame/date.h"
 
+#include <chrono>
 #include <cmath>
+#include <ctime>
 
 namespace corvane {
 namespace {
@@ -61,6 +63,15 @@ Date Date::FromParts(int y, int mo, int d, int h, int mi, int s) {
   // Before the zero date the day counts back and the time still forward.
   const double whole = static_cast<double>(day);
   return Date(day < 0 ? whole - fraction : whole + fraction);
+}
+
+Date Date::Now() {
+  const std::time_t now =
+      std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+  localtime_r(&now, &local);
+  return FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+                   local.tm_min, local.tm_sec);
 }
 
 Date::Parts Date::ToParts() const {

@@ -18,6 +18,9 @@ class Date {
   // The calendar date and time given; months and days out of range roll over
   // as in the runtime's DateSerial (month 13 is January of the next year).
   static Date FromParts(int y, int mo, int d, int h = 0, int mi = 0, int s = 0);
+  // The client's present date and time, in the local time of the host, to
+  // the whole second, as the runtime's Now gives it.
+  static Date Now();
 
   double Serial() const { return serial_; }
   // The calendar parts, the time rounded to the nearest second. A negative

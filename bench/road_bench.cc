@@ -1,0 +1,236 @@
+// Whole-program benchmarks against the sandbox server, each library path
+// beside the very same statement bytes sent by hand with Connector/C on one
+// connection (the library's statements are recorded through the statement
+// observer, then replayed), printed as ratios of one run on one machine:
+//
+//   road         day number, order, two lines, totals, check, approval; per order
+//   short-lived  create a repository, one QueryAll, release; x2000, against one
+//                object reused for the 2000 calls
+//   big add      AddRecord on a table of 10^6 rows against one of 10^3 rows,
+//                wall time and peak memory
+//
+//   scripts/sandbox.sh start && build-rel/bench/corvane_road_bench [orders]
+#include <mysql.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "corvane/corvane.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+const char kDatabase[] = "corvane_road_bench";
+
+std::string Env(const char* name, const char* fallback) {
+  const char* v = std::getenv(name);
+  return v != nullptr && *v != '\0' ? v : fallback;
+}
+
+MYSQL* Connect(const char* database, unsigned long flags = 0) {
+  MYSQL* m = mysql_init(nullptr);
+  mysql_options(m, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  if (mysql_real_connect(m, Env("CORVANE_TEST_SERVER", "127.0.0.1").c_str(), "corvane", "corvane",
+                         database, 3306, nullptr, flags) == nullptr) {
+    throw std::runtime_error(mysql_error(m));
+  }
+  return m;
+}
+
+// Runs a statement and reads whatever it returns to the end.
+void Run(MYSQL* m, const std::string& sql) {
+  if (mysql_real_query(m, sql.data(), sql.size()) != 0) {
+    throw std::runtime_error(std::string(mysql_error(m)) + "\n" + sql);
+  }
+  do {
+    if (MYSQL_RES* r = mysql_use_result(m)) {
+      while (mysql_fetch_row(r) != nullptr) {
+      }
+      mysql_free_result(r);
+    }
+  } while (mysql_next_result(m) == 0);
+}
+
+// A fresh bench database with the business schema.
+void FreshDatabase() {
+  MYSQL* m = Connect(nullptr, CLIENT_MULTI_STATEMENTS);
+  Run(m, std::string("DROP DATABASE IF EXISTS ") + kDatabase);
+  Run(m, std::string("CREATE DATABASE ") + kDatabase);
+  Run(m, std::string("USE ") + kDatabase);
+  std::ifstream in(std::string(CORVANE_SOURCE_DIR) + "/schema/corvane.sql");
+  std::stringstream text;
+  text << in.rdbuf();
+  Run(m, text.str());
+  mysql_close(m);
+}
+
+double Seconds(Clock::duration d) { return std::chrono::duration<double>(d).count(); }
+
+double CpuSeconds() {
+  rusage u{};
+  getrusage(RUSAGE_SELF, &u);
+  return static_cast<double>(u.ru_utime.tv_sec + u.ru_stime.tv_sec) +
+         static_cast<double>(u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1e6;
+}
+
+long PeakKiB() {
+  std::ifstream status("/proc/self/status");
+  std::string line;
+  while (std::getline(status, line)) {
+    if (line.rfind("VmHWM:", 0) == 0) return std::atol(line.c_str() + 6);
+  }
+  return 0;
+}
+
+double Median(std::vector<double> v) {
+  std::sort(v.begin(), v.end());
+  return v[v.size() / 2];
+}
+
+// The road of n orders with the library; the statements sent are recorded.
+double LibraryRoad(int n, std::vector<std::string>* sent) {
+  corvane::SetStatementObserver([sent](corvane::StatementKind, const std::string& sql) {
+    sent->push_back(sql);
+  });
+  const Clock::time_point start = Clock::now();
+  corvane::clsDataBOrderh orders;
+  corvane::clsDataBOrderi lines;
+  for (int i = 0; i < n; ++i) {
+    const auto today = orders.QueryTF();
+    corvane::clsEntSitemNo last;
+    orders.QueryChkitemiNo(last);
+    const double number = today == 2 ? last.no + 1 : last.no;
+    corvane::clsEntBOrderh order;
+    order.OrderNo = number;
+    order.OrderDate = last.fndate;
+    order.CustNo = "C001";
+    order.SalerId = "S01";
+    order.Tabler = "wang";
+    order.Currency = "CNY";
+    if (orders.AddRecord(order) != 1) throw std::runtime_error("the road's order was refused");
+    orders.UpdateAddSitemNo();
+    corvane::clsEntBOrderi line;
+    line.OrderNo = number;
+    line.ItemNo = "GEAR-40";
+    line.Price = 12.5;
+    line.OrdQty = 80;
+    line.No = "1";
+    line.Tax = 13;
+    line.Rate = 1;
+    lines.AddBOrderi(line);
+    line.ItemNo = "SHAFT-12";
+    line.No = "2";
+    lines.AddBOrderi(line);
+    lines.UpdateFCorLC(number);
+    orders.UpdateChecke("wang", number);
+    orders.UpdateApprove("li", number);
+  }
+  const double wall = Seconds(Clock::now() - start);
+  corvane::SetStatementObserver(nullptr);
+  return wall;
+}
+
+double Replay(const std::vector<std::string>& statements) {
+  MYSQL* m = Connect(kDatabase, CLIENT_FOUND_ROWS);
+  const Clock::time_point start = Clock::now();
+  for (const std::string& sql : statements) Run(m, sql);
+  const double wall = Seconds(Clock::now() - start);
+  mysql_close(m);
+  return wall;
+}
+
+void FillOrderTypes(int rows) {
+  MYSQL* m = Connect(kDatabase);
+  Run(m, "delete from t_bordertype");
+  Run(m, "insert into t_bordertype select concat('type', seq) from seq_1_to_" +
+             std::to_string(rows));
+  mysql_close(m);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const int orders = argc > 1 ? std::atoi(argv[1]) : 300;
+  const int rounds = 5;
+  corvane::SetSessionConnectionString(std::string("SERVER=127.0.0.1;PORT=3306;DATABASE=") +
+                                      kDatabase + ";UID=corvane;PWD=corvane");
+  corvane::SetReportHandler([](const corvane::Report& r) { throw std::runtime_error(r.text); });
+
+  // The road, library and replay alternating on fresh databases.
+  std::vector<double> road_lib, road_hand;
+  for (int r = 0; r < rounds; ++r) {
+    FreshDatabase();
+    std::vector<std::string> sent;
+    road_lib.push_back(LibraryRoad(orders, &sent));
+    FreshDatabase();
+    road_hand.push_back(Replay(sent));
+  }
+
+  // Short-lived objects against one object reused.
+  FreshDatabase();
+  FillOrderTypes(10);
+  constexpr int kCalls = 2000;
+  std::vector<double> short_lived, reused;
+  for (int r = 0; r < rounds; ++r) {
+    Clock::time_point start = Clock::now();
+    for (int i = 0; i < kCalls; ++i) {
+      corvane::clsDataBOrderType repo;
+      corvane::Collection<corvane::clsEntBOrderType> all;
+      repo.QueryAll(&all);
+    }
+    short_lived.push_back(Seconds(Clock::now() - start));
+    start = Clock::now();
+    {
+      corvane::clsDataBOrderType repo;
+      for (int i = 0; i < kCalls; ++i) {
+        corvane::Collection<corvane::clsEntBOrderType> all;
+        repo.QueryAll(&all);
+      }
+    }
+    reused.push_back(Seconds(Clock::now() - start));
+  }
+
+  // AddRecord on a small and on a large table, each added row taken away
+  // again by hand so that the table keeps its size.
+  auto add = [](int rows, long* peak) {
+    FillOrderTypes(rows);
+    MYSQL* m = Connect(kDatabase);
+    std::vector<double> walls;
+    corvane::clsDataBOrderType repo;
+    for (int r = 0; r < 5; ++r) {
+      corvane::clsEntBOrderType e{"bench"};
+      const Clock::time_point start = Clock::now();
+      if (repo.AddRecord(e) != 1) throw std::runtime_error("the bench type was refused");
+      walls.push_back(Seconds(Clock::now() - start));
+      Run(m, "delete from t_bordertype where F_OrderType='bench'");
+    }
+    mysql_close(m);
+    *peak = PeakKiB();
+    return Median(walls);
+  };
+  long peak_small = 0, peak_large = 0;
+  const double add_small = add(1000, &peak_small);
+  const double add_large = add(1000000, &peak_large);
+
+  std::printf("| path | library | by hand / reference | ratio | target |\n");
+  std::printf("| --- | --- | --- | --- | --- |\n");
+  std::printf("| road, %d orders (median of %d) | %.3f s | %.3f s same bytes, one connection | %.2f | <= 1.05 |\n",
+              orders, rounds, Median(road_lib), Median(road_hand),
+              Median(road_lib) / Median(road_hand));
+  std::printf("| short-lived objects, %d x (create, QueryAll, release) | %.3f s | %.3f s one object reused | %.2f | <= 1.15 |\n",
+              kCalls, Median(short_lived), Median(reused), Median(short_lived) / Median(reused));
+  std::printf("| AddRecord, table of 10^6 rows | %.4f s | %.4f s table of 10^3 rows | %.2f | <= 2 |\n",
+              add_large, add_small, add_large / add_small);
+  std::printf("| peak memory after the 10^6-row adds | %ld KiB | %ld KiB after the 10^3-row adds | %.2f | <= 1.10 |\n",
+              peak_large, peak_small, static_cast<double>(peak_large) / peak_small);
+  std::printf("(client CPU of the whole run: %.2f s)\n", CpuSeconds());
+  return 0;
+}
