@@ -50,6 +50,8 @@ class Link {
   // streamer on the wire, if any, is asked to let go first. A failure throws
   // corvane::Error.
   MYSQL_RES* Run(StatementKind kind, const std::string& sql, bool stream);
+  // The same for a statement held elsewhere; an observer gets a copy of it.
+  MYSQL_RES* Run(StatementKind kind, std::string_view sql, bool stream);
 
   void BeginStreaming(Streamer* streamer) { streamer_ = streamer; }
   void EndStreaming(const Streamer* streamer) {
@@ -72,8 +74,14 @@ class Link {
   unsigned CharWidth() const { return char_width_; }
   // The text escaped for a quoted literal.
   std::string Escape(std::string_view text) const;
+  // The same written at out, which has room for 2 * text.size() + 1 bytes;
+  // returns the number of bytes written.
+  std::size_t EscapeInto(char* out, std::string_view text) const;
 
  private:
+  // Sends a statement that was handed to the observer already.
+  MYSQL_RES* Send(std::string_view sql, bool stream);
+
   MYSQL* mysql_ = nullptr;
   Streamer* streamer_ = nullptr;
   unsigned char_width_ = 4;
