@@ -25,4 +25,6 @@
 #include "corvane/orders/order_lines.h"
 #include "corvane/orders/order_type.h"
 
+#include "corvane/quotations/quotation_attach.h"
+
 #endif  // CORVANE_CORVANE_H_
