@@ -25,6 +25,7 @@ int main() {
 
   try {
     demo::Orders();
+    demo::Attachments();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

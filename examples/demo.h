@@ -42,6 +42,7 @@ auto Call(const std::string& what, Fn&& fn) {
 // The roads, one per subsystem. Each throws corvane::Error when a session
 // cannot be opened.
 void Orders();
+void Attachments();
 
 }  // namespace demo
 

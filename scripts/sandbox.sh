@@ -43,7 +43,9 @@ innodb_doublewrite=0
 innodb_file_per_table=0
 sync_binlog=0
 max_connections=500
-max_allowed_packet=64M
+# A statement carries an attachment escaped, up to twice its size: 256M takes
+# files of 64 MiB whatever their bytes. A larger one fails on this limit.
+max_allowed_packet=256M
 general_log=0
 general_log_file=$box/general.log
 CNF
