@@ -39,6 +39,7 @@
 #include "corvane/orders/order_lines.h"
 #include "corvane/orders/order_type.h"
 
+#include "corvane/quotations/quotation_attach.h"
 #include "corvane/quotations/quotation_header.h"
 #include "corvane/quotations/quotation_lines.h"
 

@@ -30,6 +30,7 @@ int main() {
     demo::Customers();
     demo::Studies();
     demo::Outsource();
+    demo::Attachments();
   } catch (const Error& e) {
     std::cerr << "cannot open a session: " << e.Description() << "\n";
     return 1;

@@ -47,6 +47,7 @@ void Costing();
 void Customers();
 void Studies();
 void Outsource();
+void Attachments();
 
 }  // namespace demo
 

@@ -48,7 +48,9 @@ innodb_flush_log_at_trx_commit=1
 innodb_doublewrite=1
 innodb_file_per_table=0
 max_connections=500
-max_allowed_packet=64M
+# A statement carries an attachment escaped, up to twice its size: 256M takes
+# files of 64 MiB whatever their bytes. A larger one fails on this limit.
+max_allowed_packet=256M
 general_log=0
 general_log_file=$box/general.log
 CNF

@@ -30,6 +30,7 @@ Report ReportFor(Handling::Report kind, const Error& failure) {
 Repository::Repository() { session().Open(); }
 
 Repository::~Repository() {
+  if (!closes_session_) return;
   try {
     session().Close();
   } catch (...) {

@@ -136,10 +136,33 @@ class Repository {
     Guard(handling, std::forward<Body>(body), [] {});
   }
 
+  // The method guard of a class whose reports have words of their own: the
+  // report is what wording makes of the failure; rs is reset after it.
+  using Wording = Report (*)(const Error& failure);
+  template <class Body, class OnFailure>
+  void Guard(Wording wording, Body&& body, OnFailure&& on_failure) {
+    try {
+      body();
+    } catch (...) {
+      const Error failure = CurrentFailure();
+      on_failure();
+      ShowReport(wording(failure));
+      ResetRs();
+    }
+  }
+  template <class Body>
+  void Guard(Wording wording, Body&& body) {
+    Guard(wording, std::forward<Body>(body), [] {});
+  }
+
  protected:
   // Opens the session; a failure leaves the constructor.
   Repository();
-  // Closes the session; rs is released after it.
+  // For a class that opens and closes the session itself, under its own
+  // guard: the session is neither opened here nor closed by ~Repository.
+  struct SessionKeptByClass {};
+  explicit Repository(SessionKeptByClass) : closes_session_(false) {}
+  // Closes the session (unless the class keeps it); rs is released after it.
   ~Repository();
 
  private:
@@ -154,6 +177,7 @@ class Repository {
 
   clsDbSession session_;
   std::unique_ptr<Recordset> rs_;
+  bool closes_session_ = true;
 };
 
 }  // namespace corvane

@@ -50,6 +50,10 @@ class Variant {
   Date CDate() const;
   bool CBool() const;
   std::vector<std::uint8_t> CBytes() const;
+  // The byte array held, without a copy; null when the value is no byte array.
+  const std::vector<std::uint8_t>* Bytes() const noexcept {
+    return std::get_if<std::vector<std::uint8_t>>(&value_);
+  }
 
   friend bool operator==(const Variant& a, const Variant& b) { return a.value_ == b.value_; }
   friend bool operator!=(const Variant& a, const Variant& b) { return !(a == b); }

@@ -173,7 +173,10 @@ TEST_F(SessionPoolTest, WithThePoolOffEachObjectHasItsOwnConnectionUntilReleased
 
 TEST_F(SessionPoolTest, ObjectsOnSeveralThreadsCreatedAndReleasedPerCall) {
   constexpr int kThreads = 4, kCalls = 25;
-  std::atomic<int> added{0};
+  std::atomic<int> added{0}, reports{0};
+  // The fixture's recorders are for one thread: count reports instead.
+  SetStatementObserver(nullptr);
+  SetReportHandler([&](const Report&) { ++reports; });
   std::vector<std::thread> threads;
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&, t] {
@@ -187,7 +190,7 @@ TEST_F(SessionPoolTest, ObjectsOnSeveralThreadsCreatedAndReleasedPerCall) {
   for (auto& th : threads) th.join();
   EXPECT_EQ(kThreads * kCalls, added.load());
   EXPECT_EQ(kThreads * kCalls, db().Count("t_bordertype"));
-  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ(0, reports.load());
   EXPECT_LE(Connections().size(), static_cast<std::size_t>(kThreads));
 }
 

@@ -4,7 +4,10 @@
 // open and closed states.
 #include "corvane/frame/session.h"
 
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -243,6 +246,34 @@ TEST_F(SessionTest, TheConnectionsOwnOperations) {
   cn->Close();
   EXPECT_EQ(0, cn->State());
   EXPECT_EQ(errc::kObjectClosed, FailureOf([&] { cn->Close(); })->Number());
+}
+
+TEST_F(SessionTest, TheConnectionTimeOutBoundsTheWaitForAServerThatDoesNotAnswer) {
+  // A socket that takes connections and never says a word.
+  const int listener = socket(AF_INET, SOCK_STREAM, 0);
+  ASSERT_GE(listener, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  inet_pton(AF_INET, "127.0.0.1", &address.sin_addr);
+  ASSERT_EQ(0, bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address));
+  ASSERT_EQ(0, listen(listener, 4));
+  socklen_t length = sizeof address;
+  getsockname(listener, reinterpret_cast<sockaddr*>(&address), &length);
+  auto cn = std::make_shared<Connection>();
+  cn->SetConnectionString("SERVER=127.0.0.1;PORT=" + std::to_string(ntohs(address.sin_port)) +
+                          ";UID=u;PWD=p");
+  cn->SetConnectionTimeout(2);
+  const auto start = std::chrono::steady_clock::now();
+  const std::optional<Error> e = FailureOf([&] { cn->Open(); });
+  const double waited =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  close(listener);
+  ASSERT_TRUE(e.has_value());
+  EXPECT_EQ(errc::kProvider, e->Number());
+  EXPECT_EQ(0u, e->Description().find("Lost connection")) << e->Description();
+  EXPECT_GE(waited, 1.5);
+  EXPECT_LT(waited, 10.0);
+  EXPECT_EQ(0, cn->State());
 }
 
 TEST_F(SessionTest, ConnectionOpenWithTextUserAndPassword) {

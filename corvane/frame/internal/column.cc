@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 
 #include "corvane/frame/error.h"
@@ -214,15 +215,9 @@ Cell WriteCell(const Column& column, const Variant& value) {
       return std::string(buf);
     }
     if (column.binary()) {
-      std::vector<std::uint8_t> bytes = value.type() == Variant::Type::kBytes
-                                            ? value.CBytes()
-                                            : std::vector<std::uint8_t>();
-      std::string out;
-      if (value.type() == Variant::Type::kBytes) {
-        out.assign(bytes.begin(), bytes.end());
-      } else {
-        out = value.CStr();
-      }
+      // A byte array is copied once, straight into the cell.
+      const std::vector<std::uint8_t>* bytes = value.Bytes();
+      std::string out = bytes != nullptr ? std::string(bytes->begin(), bytes->end()) : value.CStr();
       if (column.length != 0 && out.size() > column.length) DoesNotFit(column, "the value is too long");
       return out;
     }
@@ -238,25 +233,42 @@ Cell WriteCell(const Column& column, const Variant& value) {
   }
 }
 
-std::string Literal(const Column& column, const Cell& cell, Link& link, bool exact) {
-  if (!cell) return "NULL";
+std::size_t LiteralBound(const Column& column, const Cell& cell, bool /*exact*/) {
+  if (!cell) return 4;                          // NULL
+  if (column.type == MYSQL_TYPE_BIT) return 21;  // a 64-bit number
+  // _binary, the quotes, and every byte escaped with the escape's zero.
+  return cell->size() * 2 + 10;
+}
+
+std::size_t WriteLiteral(char* out, const Column& column, const Cell& cell, Link& link,
+                         bool exact) {
+  char* const start = out;
+  const auto put = [&out](std::string_view s) {
+    std::memcpy(out, s.data(), s.size());
+    out += s.size();
+  };
   const enum_field_types t = column.type;
-  if ((IsInteger(t) && t != MYSQL_TYPE_BIT) || IsReal(t)) return *cell;
-  if (t == MYSQL_TYPE_BIT) {
+  if (!cell) {
+    put("NULL");
+  } else if ((IsInteger(t) && t != MYSQL_TYPE_BIT) || IsReal(t)) {
+    put(*cell);
+  } else if (t == MYSQL_TYPE_BIT) {
     std::int64_t v = 0;
     for (unsigned char c : *cell) v = (v << 8) | c;
-    return std::to_string(v);
+    put(std::to_string(v));
+  } else {
+    if (!IsDate(t) && !IsTime(t) && (column.binary() || exact)) put("_binary");
+    put("'");
+    out += link.EscapeInto(out, *cell);
+    put("'");
   }
-  std::string quoted = link.Escape(*cell);
-  quoted.insert(quoted.begin(), '\'');
-  quoted.push_back('\'');
-  if (IsDate(t) || IsTime(t)) return quoted;
-  if (column.binary() || exact) {
-    std::string out = "_binary";
-    out += quoted;
-    return out;
-  }
-  return quoted;
+  return static_cast<std::size_t>(out - start);
+}
+
+std::string Literal(const Column& column, const Cell& cell, Link& link, bool exact) {
+  std::string out(LiteralBound(column, cell, exact), '\0');
+  out.resize(WriteLiteral(out.data(), column, cell, link, exact));
+  return out;
 }
 
 }  // namespace corvane::internal

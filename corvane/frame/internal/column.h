@@ -63,6 +63,12 @@ Cell WriteCell(const Column& column, const Variant& value);
 // literal, for comparison by bytes.
 std::string Literal(const Column& column, const Cell& cell, Link& link, bool exact);
 
+// The same written at out, which has room for LiteralBound bytes; returns the
+// number of bytes written. A large value is escaped straight into place.
+std::size_t LiteralBound(const Column& column, const Cell& cell, bool exact);
+std::size_t WriteLiteral(char* out, const Column& column, const Cell& cell, Link& link,
+                         bool exact);
+
 }  // namespace corvane::internal
 
 #endif  // CORVANE_FRAME_INTERNAL_COLUMN_H_

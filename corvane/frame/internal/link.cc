@@ -159,7 +159,7 @@ void Link::ThrowLastError() {
   throw Error(errc::kProvider, message);
 }
 
-MYSQL_RES* Link::Run(StatementKind kind, const std::string& sql, bool stream) {
+void Link::Prepare() {
   if (!open_) throw Error(errc::kNoConnection, "The connection is closed");
   if (streamer_ != nullptr) {
     Streamer* s = streamer_;
@@ -167,7 +167,21 @@ MYSQL_RES* Link::Run(StatementKind kind, const std::string& sql, bool stream) {
     s->LetGo();
   }
   Ready();
+}
+
+MYSQL_RES* Link::Run(StatementKind kind, const std::string& sql, bool stream) {
+  Prepare();
   NotifyStatement(kind, sql);
+  return Send(sql, stream);
+}
+
+MYSQL_RES* Link::Run(StatementKind kind, std::string_view sql, bool stream) {
+  Prepare();
+  if (ObserverInstalled()) NotifyStatement(kind, std::string(sql));
+  return Send(sql, stream);
+}
+
+MYSQL_RES* Link::Send(std::string_view sql, bool stream) {
   if (mysql_real_query(mysql_, sql.data(), sql.size()) != 0) ThrowLastError();
   if (mysql_field_count(mysql_) == 0) return nullptr;
   MYSQL_RES* res = stream ? mysql_use_result(mysql_) : mysql_store_result(mysql_);
@@ -195,11 +209,14 @@ const TableInfo& Link::Table(const std::string& db, const std::string& table) {
 }
 
 std::string Link::Escape(std::string_view text) {
-  if (mysql_ == nullptr) Ready();  // the wire dropped and could not be had again yet
   std::string out(text.size() * 2 + 1, '\0');
-  const unsigned long n = mysql_real_escape_string(mysql_, out.data(), text.data(), text.size());
-  out.resize(n);
+  out.resize(EscapeInto(out.data(), text));
   return out;
+}
+
+std::size_t Link::EscapeInto(char* out, std::string_view text) {
+  if (mysql_ == nullptr) Ready();  // the wire dropped and could not be had again yet
+  return mysql_real_escape_string(mysql_, out, text.data(), text.size());
 }
 
 }  // namespace corvane::internal

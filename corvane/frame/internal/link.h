@@ -67,6 +67,8 @@ class Link {
   // streamer on the wire, if any, is asked to let go first. A failure throws
   // corvane::Error.
   MYSQL_RES* Run(StatementKind kind, const std::string& sql, bool stream);
+  // The same for a statement held elsewhere; an observer gets a copy of it.
+  MYSQL_RES* Run(StatementKind kind, std::string_view sql, bool stream);
 
   // Frees a streaming result without reading the rest of its rows: the wire
   // is given up (it still carries them) and the next statement dials anew.
@@ -98,8 +100,15 @@ class Link {
   unsigned CharWidth() const { return char_width_; }
   // The text escaped for a quoted literal.
   std::string Escape(std::string_view text);
+  // The same written at out, which has room for 2 * text.size() + 1 bytes;
+  // returns the number of bytes written.
+  std::size_t EscapeInto(char* out, std::string_view text);
 
  private:
+  // The link open, the streamer let go, a wire ready for the statement.
+  void Prepare();
+  // Sends a statement that was handed to the observer already.
+  MYSQL_RES* Send(std::string_view sql, bool stream);
   // Opens a new handle with params_; throws on failure, leaving none.
   void Dial();
   // Drops the handle (the streamer lets go of it first).

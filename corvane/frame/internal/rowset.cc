@@ -40,6 +40,27 @@ unsigned char Fold(char c) {
   return u >= 'A' && u <= 'Z' ? static_cast<unsigned char>(u + ('a' - 'A')) : u;
 }
 
+// A statement written in one buffer as large as its worst case and touched
+// only where it is written: a large value is escaped straight into it and
+// goes to the server from there, with no other copy of it.
+class StatementText {
+ public:
+  explicit StatementText(std::size_t capacity)
+      : data_(std::make_unique_for_overwrite<char[]>(capacity)) {}
+  void Put(std::string_view s) {
+    std::memcpy(data_.get() + size_, s.data(), s.size());
+    size_ += s.size();
+  }
+  void PutLiteral(const Column& column, const Cell& cell, Link& link) {
+    size_ += WriteLiteral(data_.get() + size_, column, cell, link, false);
+  }
+  std::string_view view() const { return std::string_view(data_.get(), size_); }
+
+ private:
+  std::unique_ptr<char[]> data_;
+  std::size_t size_ = 0;
+};
+
 }  // namespace
 
 std::size_t NameHash::operator()(std::string_view name) const noexcept {
@@ -312,7 +333,7 @@ std::string Rowset::Identity(const Column& base) {
   return " WHERE " + where + " LIMIT 1";
 }
 
-void Rowset::Send(const std::string& sql, bool must_find_row) {
+void Rowset::Send(std::string_view sql, bool must_find_row) {
   MYSQL_RES* r = link_.Run(StatementKind::kRowChange, sql, false);
   if (r != nullptr) mysql_free_result(r);
   if (must_find_row && link_.AffectedRows() == 0) {
@@ -329,19 +350,25 @@ void Rowset::Update() {
       if (pending_[i]) written.push_back(i);
     }
     const Column& base = BaseOf(written);
-    std::string names, values;
+    std::string head = "INSERT INTO " + TableName(base) + " (";
     for (std::size_t i : written) {
-      if (!names.empty()) {
-        names += ",";
-        values += ",";
-      }
-      names += QuoteName(columns_[i].base_name);
-      values += Literal(columns_[i], *pending_[i], link_, false);
+      if (i != written.front()) head += ",";
+      head += QuoteName(columns_[i].base_name);
     }
-    Send("INSERT INTO " + TableName(base) + " (" + names + ") VALUES (" + values + ")", false);
+    head += ") VALUES (";
+    std::size_t bound = head.size() + 1;
+    for (std::size_t i : written) bound += 1 + LiteralBound(columns_[i], *pending_[i], false);
+    StatementText sql(bound);
+    sql.Put(head);
+    for (std::size_t i : written) {
+      if (i != written.front()) sql.Put(",");
+      sql.PutLiteral(columns_[i], *pending_[i], link_);
+    }
+    sql.Put(")");
+    Send(sql.view(), false);
     // The new row is the current row; the rows that were not read are gone.
     Row row(columns_.size(), std::nullopt);
-    for (std::size_t i : written) row[i] = *pending_[i];
+    for (std::size_t i : written) row[i] = std::move(*pending_[i]);
     current_ = std::move(row);
     ahead_.clear();
     FinishResult(false);
@@ -360,18 +387,27 @@ void Rowset::Update() {
     if (pending_[i]) written.push_back(i);
   }
   const Column& base = BaseOf(written);
-  std::string set;
+  const std::string head = "UPDATE " + TableName(base) + " SET ";
+  const std::string identity = Identity(base);
+  std::size_t bound = head.size() + identity.size();
   for (std::size_t i : written) {
-    if (!set.empty()) set += ",";
-    set += QuoteName(columns_[i].base_name) + "=" + Literal(columns_[i], *pending_[i], link_, false);
+    bound += columns_[i].base_name.size() * 2 + 4 + LiteralBound(columns_[i], *pending_[i], false);
   }
-  const std::string sql = "UPDATE " + TableName(base) + " SET " + set + Identity(base);
+  StatementText sql(bound);
+  sql.Put(head);
+  for (std::size_t i : written) {
+    if (i != written.front()) sql.Put(",");
+    sql.Put(QuoteName(columns_[i].base_name));
+    sql.Put("=");
+    sql.PutLiteral(columns_[i], *pending_[i], link_);
+  }
+  sql.Put(identity);
   if (lock_type_ == 4) {
-    batch_.push_back(sql);
+    batch_.emplace_back(sql.view());
   } else {
-    Send(sql, true);
+    Send(sql.view(), true);
   }
-  for (std::size_t i : written) current_[i] = *pending_[i];
+  for (std::size_t i : written) current_[i] = std::move(*pending_[i]);
   std::fill(pending_.begin(), pending_.end(), std::nullopt);
   mode_ = Mode::kNone;
 }

@@ -93,7 +93,7 @@ class Rowset final : public Streamer {
   const Column& BaseOf(const std::vector<std::size_t>& written) const;
   std::string Identity(const Column& base);
   // Sends a row change; one that finds no row fails.
-  void Send(const std::string& sql, bool must_find_row);
+  void Send(std::string_view sql, bool must_find_row);
 
   std::shared_ptr<Connection> connection_;
   Link& link_;
