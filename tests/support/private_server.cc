@@ -89,6 +89,7 @@ PrivateServer::PrivateServer(const std::string& name, const std::vector<std::str
             std::to_string(getpid());
   fs::remove_all(folder_);
   fs::create_directories(folder_ + "/data");
+  fs::create_directories(folder_ + "/tmp");
   config_ = folder_ + "/my.cnf";
   socket_ = folder_ + "/mysqld.sock";
   log_ = folder_ + "/mysqld.log";
@@ -98,6 +99,7 @@ PrivateServer::PrivateServer(const std::string& name, const std::vector<std::str
       << "user=root\n"
       << "datadir=" << folder_ << "/data\n"
       << "socket=" << socket_ << "\n"
+      << "tmpdir=" << folder_ << "/tmp\n"
       << "pid-file=" << folder_ << "/mysqld.pid\n"
       << "log-error=" << log_ << "\n"
       << "bind-address=127.0.0.1\n"
@@ -124,7 +126,10 @@ PrivateServer::PrivateServer(const std::string& name, const std::vector<std::str
     std::ifstream in(folder_ + "/install.log");
     std::stringstream text;
     text << in.rdbuf();
-    throw std::runtime_error("mariadb-install-db failed:\n" + text.str());
+    const std::string log = LogTail();
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+    throw std::runtime_error("mariadb-install-db failed:\n" + text.str() + log);
   }
 }
 
