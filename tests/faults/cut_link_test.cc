@@ -13,7 +13,7 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstring>
+#include <cstdlib>
 #include <mutex>
 #include <stdexcept>
 #include <string>

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
-#include <map>
 #include <optional>
 #include <random>
 #include <string>

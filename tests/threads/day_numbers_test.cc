@@ -14,10 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <map>
-#include <mutex>
 #include <set>
 #include <string>
 #include <thread>
