@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # Installs what building, testing and the demo need, where it is missing:
-# a C++20 compiler, CMake, pkg-config, MariaDB Connector/C, the MariaDB server
-# and GoogleTest (Debian packages).
+# a C++20 compiler, CMake, pkg-config, MariaDB Connector/C, the MariaDB server,
+# GoogleTest, and clang with its sanitizer and libFuzzer runtimes for
+# scripts/fuzz.sh (Debian packages).
 set -euo pipefail
 
-packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev)
+packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev
+          clang libclang-rt-14-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
