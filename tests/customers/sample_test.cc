@@ -445,6 +445,34 @@ TEST_F(SampleTest, QueryMaxItemTakesPlaceIDOnlyWhereUsefulHoldsAValue) {
   EXPECT_EQ("before", e.PlaceID);
 }
 
+// The F_PlaceID read is the same in all three readers: a row with both
+// F_Useful and F_PlaceID null reads empty text for both.
+TEST_F(SampleTest, EachFullReadGivesEmptyTextForUsefulAndPlaceIDBothNull) {
+  Sample("7");
+  SetNull("F_Useful");
+  SetNull("F_PlaceID");
+  clsDataBSample repo;
+  clsEntBSample got;
+  got.NumNo = 7;
+  got.Useful = "before";
+  got.PlaceID = "before";
+  EXPECT_EQ(1, repo.GetSampleRecord(got));
+  EXPECT_EQ("", got.Useful);
+  EXPECT_EQ("", got.PlaceID);
+  clsEntBSample largest;
+  largest.Useful = "before";
+  largest.PlaceID = "before";
+  EXPECT_EQ(1, repo.QueryMaxItem(largest));
+  EXPECT_EQ("", largest.Useful);
+  EXPECT_EQ("", largest.PlaceID);
+  Collection<clsEntBSample> coll;
+  EXPECT_EQ(1, repo.QueryAlldetaile(&coll, "C001"));
+  ASSERT_EQ(1u, coll.Count());
+  EXPECT_EQ("", coll.Item(1).Useful);
+  EXPECT_EQ("", coll.Item(1).PlaceID);
+  EXPECT_TRUE(Reports().empty());
+}
+
 TEST_F(SampleTest, QueryMaxItemReportsAServerFailureWith0) {
   db().Exec("drop table t_bsample");
   clsDataBSample repo;
