@@ -346,6 +346,22 @@ TEST_F(CostHeaderTest, DeleteRecordReportsAServerFailureAndGivesZero) {
   EXPECT_EQ(Commands(), Strings{DeleteSql("20240315001")});
 }
 
+TEST_F(CostHeaderTest, DeleteRecordTakesOnlyTheFirstOfRowsAlike) {
+  // Without the key two rows can hold one number; the delete removes the
+  // current row only.
+  db().Exec("alter table t_bcosth drop primary key");
+  db().Exec(kInsertFull);
+  db().Exec(kInsertFull);
+  clsDataBCosth repo;
+  clsEntBCosth e;
+  e.EstNo = 20240315001;
+  EXPECT_EQ(repo.DeleteRecord(e), 1);
+  EXPECT_EQ(Commands(), Strings{DeleteSql("20240315001")});
+  EXPECT_EQ(RowChanges().size(), 1u);
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ(db().Rows("select * from t_bcosth"), Rows{kFullRow});
+}
+
 // --- UpdateRecord ------------------------------------------------------------
 
 TEST_F(CostHeaderTest, UpdateRecordWritesAll28ColumnsFoundByTheNumber) {
@@ -795,6 +811,20 @@ TEST_F(CostListsTest, QueryItemNoWithRightsForOtherCustomersOnlyGivesNothing) {
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(CostListsTest, QueryItemNoOfAnEmptyOrSupplierOnlyUserIsUnrestricted) {
+  Right("S", "sam", "C001");
+  clsDataBCosth repo;
+  Strings items;
+  EXPECT_EQ(repo.QueryItemNo(items, "sam"), 1);
+  EXPECT_EQ(items.size(), 4u);
+  Strings all;
+  EXPECT_EQ(repo.QueryItemNo(all, ""), 1);
+  EXPECT_EQ(all.size(), 4u);
+  EXPECT_EQ(Commands(),
+            (Strings{RightsTest("sam"), kItemsUnfiltered, RightsTest(""), kItemsUnfiltered}));
+  EXPECT_TRUE(Reports().empty());
+}
+
 TEST_F(CostListsTest, QueryItemNoStoresANullItemAsTheEmptyText) {
   db().Exec("delete from t_bcosth");
   Insert("20240315001", "2024-03-15", "GEAR-40", "C001");
@@ -893,6 +923,40 @@ TEST_F(CostHeaderTest, QueryAllStopsAtAFailingRowWithTheEarlierRowsInTheCollecti
   EXPECT_EQ(Reports(), Reports_{PlainReport("Type mismatch")});
   ASSERT_EQ(all.Count(), 1u);
   EXPECT_EQ(all.Item(1).ItemNo, "A");
+}
+
+TEST_F(CostHeaderTest, GetBCostBySqlAddRecordAndQueryAllFailOnceAfterAMissedDelete) {
+  db().Exec(kInsertFull);
+  clsDataBCosth repo;
+  clsEntBCosth e;
+  LeaveOpen(repo);
+  EXPECT_EQ(repo.GetBCostBySql(e, kAllSql), 2);
+  EXPECT_EQ(Reports(), Reports_{PlainReport(kOpenWords)});
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(e.EstNo, 0);
+  EXPECT_EQ(repo.GetBCostBySql(e, kAllSql), 1);
+  EXPECT_EQ(e.EstNo, 20240315001);
+
+  Clear();
+  LeaveOpen(repo);
+  clsEntBCosth fresh = FullEstimate(20240315002);
+  EXPECT_EQ(repo.AddRecord(fresh), 0);
+  EXPECT_EQ(Reports(), Reports_{PlainReport(kOpenWords)});  // the length report's other words
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(db().Count("t_bcosth"), 1);
+  EXPECT_EQ(repo.AddRecord(fresh), 1);
+  EXPECT_EQ(db().Count("t_bcosth"), 2);
+
+  Clear();
+  LeaveOpen(repo);
+  Collection<clsEntBCosth> all;
+  EXPECT_EQ(repo.QueryAll(&all), 2);
+  EXPECT_EQ(Reports(), Reports_{PlainReport(kOpenWords)});
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(all.Count(), 0u);
+  EXPECT_EQ(repo.QueryAll(&all), 1);
+  EXPECT_EQ(all.Count(), 2u);
+  EXPECT_EQ(Reports().size(), 1u);
 }
 
 // --- the class as a whole ---------------------------------------------------
