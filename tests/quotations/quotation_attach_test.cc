@@ -578,12 +578,18 @@ TEST_F(AttachTest, AddAttachAboveThePacketLimitFailsAndTheOldAttachmentIsGone) {
       << words;
   // The old row went before the file was read; the new one was not stored.
   EXPECT_TRUE(Table().empty());
-  // The connection is gone: the next call fails in its own words.
+  // The server ends the connection after refusing the packet. Whether the
+  // next call still meets the dying link, and fails in its own words, or
+  // already goes out on a new one depends on timing; either way it answers
+  // the empty text, and the call after it works on a new link.
   Clear();
   EXPECT_EQ("", repo->GetAttach("A-1", kQuot));
-  ASSERT_EQ(1u, Reports().size());
-  EXPECT_EQ("取出附件出错", Reports()[0].title);
-  EXPECT_EQ(0, Reports()[0].style);
+  ASSERT_LE(Reports().size(), 1u);
+  for (const Report& report : Reports()) EXPECT_EQ(GetReport(report.text), report);
+  Clear();
+  EXPECT_EQ(1, repo->AddAttach(File("small.txt", Of("s")), "small.txt", "A-1", kQuot));
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ((Rows{{kQuotText, "1", "A-1", "small.txt", "7300"}}), Table());
 }
 
 TEST_F(AttachTest, AddAttachOfAMissingFileLosesTheOldAttachment) {

@@ -301,6 +301,20 @@ TEST_F(QueryPriceTest, ACustomerWithOnlyUnapprovedQuotationsGetsNothing) {
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(QueryPriceTest, AnEmptyResultLeavesTheCollectionAndClosesRs) {
+  clsDataBPriceh repo;
+  Collection<clsEntBPriceh> coll;
+  coll.Add(std::make_shared<clsEntBPriceh>());
+  EXPECT_EQ(0, repo.QueryPrice(&coll, "C009", "GEAR-40"));
+  EXPECT_EQ(1u, coll.Count());
+  EXPECT_EQ(0, coll.Item(1).QuotNo);
+  // rs was closed: a method that uses it as it stands goes on with it.
+  clsEntSCurrency currency;
+  EXPECT_EQ(0, repo.QueryCurrencyName(currency, "EUR"));
+  EXPECT_EQ((Strings{PriceSql("C009", "GEAR-40"), CurrencyNameSql("EUR")}), Commands());
+  EXPECT_TRUE(Reports().empty());
+}
+
 TEST_F(QueryPriceTest, NullsReadAsTheEmptyTextAndZero) {
   db().Exec("insert into t_bpricei (F_QuotNo,F_ItemNo,F_Price,F_Currency) "
             "values (2026110201,'NUT-1',null,null)");
@@ -1004,6 +1018,19 @@ TEST_F(CustomerListTest, RightsThatMatchNoQuotationGiveNothing) {
   EXPECT_TRUE(repo.QueryAllCustNo(&coll, "lin").IsEmpty());
   EXPECT_EQ(0u, coll.Count());
   EXPECT_EQ((Strings{RightsSql("lin"), CustFilteredSql("lin")}), Commands());
+}
+
+TEST_F(CustomerListTest, AnEmptyListClosesRs) {
+  db().Exec("delete from t_bpriceh");
+  clsDataBPriceh repo;
+  Collection<clsEntBPriceh> coll;
+  EXPECT_TRUE(repo.QueryAllCustNo(&coll, "wang").IsEmpty());
+  EXPECT_EQ(0u, coll.Count());
+  // rs was closed: a method that uses it as it stands goes on with it.
+  clsEntBPriceh e;
+  EXPECT_EQ(0, repo.QueryMaxItem(e));
+  EXPECT_EQ((Strings{RightsSql("wang"), kCustUnfilteredSql, kMaxItemSql}), Commands());
+  EXPECT_TRUE(Reports().empty());
 }
 
 TEST_F(CustomerListTest, RightsOfTheSupplierModuleDoNotRestrict) {

@@ -178,6 +178,18 @@ TEST_F(QuotationLinesTest, QueryPriceOfAnItemNeverQuotedGives0) {
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(QuotationLinesTest, QueryPriceOfAnItemNeverQuotedClosesRs) {
+  Line("2026110201", "GEAR-40", "12.5");
+  clsDataBPricei repo;
+  Collection<clsEntBPricei> coll;
+  EXPECT_EQ(0, repo.QueryPrice(&coll, "NUT-1"));
+  // rs was closed: a method that uses it as it stands goes on with it.
+  std::shared_ptr<clsEntBPricei> entity;
+  EXPECT_EQ(1, repo.QueryBPricei(entity, 2026110201, &coll));
+  EXPECT_EQ((Strings{PriceSql("NUT-1"), LinesSql("2026110201")}), Commands());
+  EXPECT_TRUE(Reports().empty());
+}
+
 TEST_F(QuotationLinesTest, QueryPriceFailsOnANullPriceWithTheEarlierRowsKept) {
   Line("2026110201", "GEAR-40", "12.5");
   Line("2026110202", "GEAR-40", "null");
@@ -510,6 +522,15 @@ TEST_F(QuotationLinesTest, DeleteRecordWithAQuoteInTheItemReportsAndGives0) {
   e.ItemNo = "x' or F_QuotNo='2026110201";
   EXPECT_EQ(1, repo.DeleteRecord(e, 2026110201));
   EXPECT_EQ((Rows{{"2026110202", "BOLT-8"}}), Keys());
+}
+
+// --- The object -------------------------------------------------------------
+
+TEST_F(QuotationLinesTest, CreationFailsWhenTheSessionCannotOpen) {
+  SetSessionConnectionString(testing::ServerAddress::FromEnvironment().ConnectionText(
+      database() + "_missing"));
+  EXPECT_THROW(clsDataBPricei repo, Error);
+  EXPECT_TRUE(Reports().empty());
 }
 
 }  // namespace
