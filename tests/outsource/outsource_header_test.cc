@@ -481,6 +481,32 @@ TEST_F(OutsourceHeaderTest, UpdateRecordWithAnyOtherConditionWritesNothingAndGiv
   EXPECT_EQ(before, OrderRow("2026110201"));
 }
 
+TEST_F(OutsourceHeaderTest, UpdateRecordSetsTheCursorBeforeItLooksAtTheCondition) {
+  // CursorType and LockType are set whatever UpdateCondition says: on an rs
+  // left open (here by the report of a failing QueryMaxItemDelete, shown
+  // before its reset) even the condition that runs nothing fails.
+  Order("2026110201", "2026-11-02");
+  clsDataBOutMakeh repo;
+  ReportList shown;
+  std::vector<std::int16_t> inner;
+  SetReportHandler([&](const Report& r) {
+    shown.push_back(r);
+    if (shown.size() == 1) {
+      clsEntBOutMakeh e;
+      inner.push_back(repo.UpdateRecord(e, "2026110201", 0));
+    }
+  });
+  clsEntBOutMakeh e;
+  EXPECT_EQ(0, repo.QueryMaxItemDelete(e, Date::FromParts(2026, 11, 5)));
+  EXPECT_EQ(std::vector<std::int16_t>{0}, inner);
+  // The length report shows the recordset's own words.
+  EXPECT_EQ((ReportList{PlainReport("Invalid use of Null"), Described(kOpenWords)}), shown);
+  EXPECT_EQ(1u, Commands().size());
+  // With rs reset the same call gives 1.
+  EXPECT_EQ(1, repo.UpdateRecord(e, "2026110201", 0));
+  EXPECT_EQ(2u, shown.size());
+}
+
 TEST_F(OutsourceHeaderTest, UpdateRecordWithAQuoteInTheSignatureReportsAndGivesZero) {
   Order("2026110201", "2026-11-02");
   clsDataBOutMakeh repo;
