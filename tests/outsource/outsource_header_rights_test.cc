@@ -126,6 +126,24 @@ TEST_F(OutsourceRightsTest, QueryLasted12monthKeepsTheTwelveNewestMonths) {
             Numbers(coll));
 }
 
+TEST_F(OutsourceRightsTest, QueryLasted12monthStopsAtANullMonth) {
+  // Without the key the number may be null, and so may its month, which
+  // sorts last: the months before it stay collected, the null fails.
+  db().Exec("alter table t_boutmakeh drop primary key, modify F_OrderOutNo double null");
+  db().Exec("insert into t_boutmakeh (F_OrderOutNo, F_Tabler) values (null, 'ann')");
+  clsDataBOutMakeh repo;
+  Collection<clsEntBOutMakeh> coll;
+  EXPECT_EQ(kZero, repo.QueryLasted12month(&coll, "lin"));
+  EXPECT_EQ((Strings{RightsSql("lin"), kMonthsUnfiltered}), Commands());
+  EXPECT_EQ(ReportList{PlainReport("Type mismatch")}, Reports());
+  EXPECT_EQ((Strings{"202612", "202611", "202610"}), Numbers(coll));
+  // rs was reset: the next call gets as far again.
+  Collection<clsEntBOutMakeh> again;
+  EXPECT_EQ(kZero, repo.QueryLasted12month(&again, "lin"));
+  EXPECT_EQ(3u, again.Count());
+  EXPECT_EQ(2u, Reports().size());
+}
+
 TEST_F(OutsourceRightsTest, QueryLasted12monthWithANullCollectionGivesZero) {
   clsDataBOutMakeh repo;
   EXPECT_EQ(kZero, repo.QueryLasted12month(nullptr, "lin"));

@@ -256,17 +256,29 @@ TEST_F(OutsourceHeaderTest, QueryDateTimeGivesTheServersDateAndTime) {
   EXPECT_NE(Date(), repo.QueryDateTime());
 }
 
-TEST_F(OutsourceHeaderTest, QueryDateTimeOnALostConnectionGivesTheZeroDate) {
+TEST_F(OutsourceHeaderTest, QueryDateTimeOnAnOpenRsReportsAndGivesTheZeroDate) {
+  // A day without orders makes QueryMaxItemDelete fail with rs still open;
+  // its report is shown before the reset, and QueryDateTime called from the
+  // report finds rs open.
+  Order("2026110201", "2026-11-02");
   clsDataBOutMakeh repo;
-  ASSERT_NE(Date(), repo.QueryDateTime());  // the session is in use
-  KillLibraryConnection();
-  Clear();
-  EXPECT_EQ(Date(), repo.QueryDateTime());
-  EXPECT_EQ(Strings{kDateTimeSql}, Commands());
-  ASSERT_EQ(1u, Reports().size());
-  EXPECT_THAT(Reports()[0].text, ::testing::MatchesRegex(".*(gone away|Lost connection|killed).*"));
-  EXPECT_EQ(64, Reports()[0].style);
-  EXPECT_EQ(kTitle, Reports()[0].title);
+  ReportList shown;
+  std::vector<Date> inner;
+  SetReportHandler([&](const Report& r) {
+    shown.push_back(r);
+    if (shown.size() == 1) inner.push_back(repo.QueryDateTime());
+  });
+  clsEntBOutMakeh e;
+  EXPECT_EQ(0, repo.QueryMaxItemDelete(e, Date::FromParts(2026, 11, 5)));
+  EXPECT_EQ(std::vector<Date>{Date()}, inner);
+  EXPECT_EQ((ReportList{PlainReport("Invalid use of Null"), PlainReport(kOpenWords)}), shown);
+  // The failing QueryDateTime sent nothing.
+  EXPECT_EQ(Strings{"select max(F_OrderoutNo) as F_OrderoutNo from t_boutmakeh where "
+                    "F_OrderoutDate ='2026-11-05'"},
+            Commands());
+  // Both handlers reset rs: the next call works.
+  EXPECT_NE(Date(), repo.QueryDateTime());
+  EXPECT_EQ(2u, shown.size());
 }
 
 // ------------------------------------------------------------ QueryStatus
@@ -467,6 +479,32 @@ TEST_F(OutsourceHeaderTest, UpdateRecordWithAnyOtherConditionWritesNothingAndGiv
   EXPECT_TRUE(Sent().empty());
   EXPECT_TRUE(Reports().empty());
   EXPECT_EQ(before, OrderRow("2026110201"));
+}
+
+TEST_F(OutsourceHeaderTest, UpdateRecordSetsTheCursorBeforeItLooksAtTheCondition) {
+  // CursorType and LockType are set whatever UpdateCondition says: on an rs
+  // left open (here by the report of a failing QueryMaxItemDelete, shown
+  // before its reset) even the condition that runs nothing fails.
+  Order("2026110201", "2026-11-02");
+  clsDataBOutMakeh repo;
+  ReportList shown;
+  std::vector<std::int16_t> inner;
+  SetReportHandler([&](const Report& r) {
+    shown.push_back(r);
+    if (shown.size() == 1) {
+      clsEntBOutMakeh e;
+      inner.push_back(repo.UpdateRecord(e, "2026110201", 0));
+    }
+  });
+  clsEntBOutMakeh e;
+  EXPECT_EQ(0, repo.QueryMaxItemDelete(e, Date::FromParts(2026, 11, 5)));
+  EXPECT_EQ(std::vector<std::int16_t>{0}, inner);
+  // The length report shows the recordset's own words.
+  EXPECT_EQ((ReportList{PlainReport("Invalid use of Null"), Described(kOpenWords)}), shown);
+  EXPECT_EQ(1u, Commands().size());
+  // With rs reset the same call gives 1.
+  EXPECT_EQ(1, repo.UpdateRecord(e, "2026110201", 0));
+  EXPECT_EQ(2u, shown.size());
 }
 
 TEST_F(OutsourceHeaderTest, UpdateRecordWithAQuoteInTheSignatureReportsAndGivesZero) {

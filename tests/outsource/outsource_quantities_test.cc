@@ -455,6 +455,39 @@ TEST_F(OutsourceQuantitiesTest, QueryProdNoFailingOnTheWaitingKeepsWhatWasSet) {
   EXPECT_EQ(100, e.OrdoutQty);
 }
 
+TEST_F(OutsourceQuantitiesTest, QueryProdNoShowsTheAlertBeforeItResetsRs) {
+  // The waiting sum fails while the work order is open on rs; a method that
+  // uses rs as it stands, called from the report, still finds it open.
+  WorkOrder("5001", "GEAR-40", "7001", "100");
+  Produced("7001", "100");
+  db().Exec("drop table t_witemi");
+  clsDataBOutMakei repo;
+  ReportList shown;
+  std::vector<std::int16_t> inner;
+  SetReportHandler([&](const Report& r) {
+    shown.push_back(r);
+    if (shown.size() == 1) {
+      clsEntBOutMakei probe;
+      probe.ProdNo = 7001;
+      inner.push_back(repo.ChkInputCount(probe));
+    }
+  });
+  clsEntBOutMakei e;
+  e.OrderoutNo = 5001;
+  EXPECT_EQ(0, repo.QueryProdNo(e, 1));
+  EXPECT_EQ(std::vector<std::int16_t>{2}, inner);
+  ASSERT_EQ(2u, shown.size());
+  EXPECT_EQ(AlertReport(shown[0].text), shown[0]);
+  EXPECT_THAT(shown[0].text, HasSubstr("t_witemi' doesn't exist"));
+  EXPECT_EQ(PlainReport(kOpenWords), shown[1]);
+  // Reset after the report: the object works again.
+  clsEntBOutMakei probe;
+  probe.ProdNo = 7001;
+  EXPECT_EQ(1, repo.ChkInputCount(probe));
+  EXPECT_EQ(100, probe.OrdoutQty);
+  EXPECT_EQ(2u, shown.size());
+}
+
 TEST_F(OutsourceQuantitiesTest, QueryProdNoLeavesRsClosedOnEveryPath) {
   WorkOrder("5001", "GEAR-40", "7001", "100");
   Produced("7001", "10");

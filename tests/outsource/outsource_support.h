@@ -260,16 +260,6 @@ class OutsourceTest : public testing::SandboxTest {
     }
     return out;
   }
-
-  // Drops the library's connection to the test database from the server's
-  // side, so that its next statement fails.
-  void KillLibraryConnection() {
-    const auto id = db().Scalar(
-        "select id from information_schema.processlist where db='" + Db() +
-        "' and id<>connection_id()");
-    ASSERT_TRUE(id.has_value());
-    db().Exec("kill " + *id);
-  }
 };
 
 }  // namespace corvane::outsource_testing
