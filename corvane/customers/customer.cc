@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "corvane/customers/steps.h"
 #include "corvane/rights/data_rights.h"
 
 namespace corvane {
@@ -256,7 +255,7 @@ Variant clsDataBCustom::QueryArea(Collection<clsEntBCustom>* ColArea, const std:
         "bc.F_provinceid=sp.F_provinceid and bc.F_countryid=sp.F_countryid and "
         "bc.F_provinceid=ss.F_provinceid "
         "and bc.F_countryid=ss.F_countryid and bc.F_cityname=ss.F_cityname and bc.f_custno='" +
-        customers::Trim(CustNo) + "'");
+        Trim(CustNo) + "'");
     if (NoRow()) {
       // One blank entity stands for an area that cannot be read; rs stays
       // open.
@@ -264,7 +263,7 @@ Variant clsDataBCustom::QueryArea(Collection<clsEntBCustom>* ColArea, const std:
       blank->countryid = "";
       blank->provinceid = "";
       blank->cityname = "";
-      customers::AddTo(ColArea, blank);
+      AddTo(ColArea, blank);
       return;
     }
     FillCollection(ColArea, [&](clsEntBCustom& e) {

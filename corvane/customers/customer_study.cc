@@ -1,7 +1,7 @@
 // Customer studies.
 #include "corvane/customers/customer_study.h"
 
-#include "corvane/customers/number_key.h"
+#include "corvane/customers/internal/number_key.h"
 #include "corvane/numbering/family_a.h"
 
 namespace corvane {

@@ -1,7 +1,6 @@
 // Sales people.
 #include "corvane/customers/sales_people.h"
 
-#include "corvane/customers/steps.h"
 
 namespace corvane {
 
@@ -35,7 +34,7 @@ Variant clsDataBSaler::QueryAll(Collection<clsEntBSaler>* colSaler) {
       Work()->Saler_1st = Nz("F_Saler_1st", "").CStr();
       Work()->SalerId = Nz("F_SalerId", "").CStr();
       rs().MoveNext();
-      customers::AddTo(colSaler, Work());
+      AddTo(colSaler, Work());
       work_.reset();
     }
     rs().Close();
@@ -68,9 +67,9 @@ std::int16_t clsDataBSaler::UpdateRecord(clsEntBSaler& Entity, const std::string
   std::int16_t result = 0;
   Guard(kLengthReport, [&] {
     FreshRs();
-    Open("update T_BSaler set F_Saler_1st= '" + customers::Trim(Entity.Saler_1st) +
-             "',F_SalerId='" + customers::Trim(Entity.SalerId) + "' where F_SalerId ='" +
-             customers::Trim(TempId) + "'",
+    Open("update T_BSaler set F_Saler_1st= '" + Trim(Entity.Saler_1st) +
+             "',F_SalerId='" + Trim(Entity.SalerId) + "' where F_SalerId ='" +
+             Trim(TempId) + "'",
          1, 2);
     ResetRs();
     // How many rows changed is not looked at.
@@ -106,7 +105,7 @@ Variant clsDataBSaler::QuerySalerName(Collection<clsEntBSaler>* colSaler,
     } else if (rs().Bof() && rs().Eof()) {
       Work()->Saler_1st = "";
     }
-    customers::AddTo(colSaler, Work());
+    AddTo(colSaler, Work());
     work_.reset();
     rs().Close();
   });

@@ -1,7 +1,7 @@
 // Samples and goods types.
 #include "corvane/customers/sample.h"
 
-#include "corvane/customers/number_key.h"
+#include "corvane/customers/internal/number_key.h"
 #include "corvane/numbering/family_a.h"
 
 namespace corvane {

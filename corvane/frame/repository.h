@@ -101,6 +101,14 @@ class Repository {
   // A column write: rs.Collect(column) = value.
   void Write(std::string_view column, const Variant& value) { rs().SetCollect(column, value); }
 
+  // Appends entity at the end of the caller's collection, with no key; a
+  // null collection fails with object required.
+  template <class T>
+  static void AddTo(Collection<T>* collection, std::shared_ptr<T> entity) {
+    if (collection == nullptr) throw Error(errc::kObjectRequired, "Object required");
+    collection->Add(std::move(entity));
+  }
+
   // The collection fill: while not EOF, a new entity, the reads, MoveNext,
   // the entity added at the end of the caller's collection (a null collection
   // fails with object required); then Close.
@@ -166,11 +174,6 @@ class Repository {
   ~Repository();
 
  private:
-  template <class T>
-  static void AddTo(Collection<T>* collection, std::shared_ptr<T> entity) {
-    if (collection == nullptr) throw Error(errc::kObjectRequired, "Object required");
-    collection->Add(std::move(entity));
-  }
   // The failure in flight as a corvane::Error.
   static Error CurrentFailure();
   void Handle(Handling handling, const Error& failure);

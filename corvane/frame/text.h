@@ -24,6 +24,9 @@ std::string Text(std::int32_t value);
 // A date: "yyyy-mm-dd", followed by " hh:mm:ss" only when the time is not
 // 00:00:00. The zero date is "1899-12-30".
 std::string Text(const Date& value);
+// The runtime's Trim: blanks (spaces only) off both ends; tabs stay.
+std::string Trim(std::string_view text);
+
 // Text stays as it is.
 inline const std::string& Text(const std::string& value) { return value; }
 

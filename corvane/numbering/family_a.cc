@@ -2,16 +2,6 @@
 #include "corvane/numbering/family_a.h"
 
 namespace corvane::numbering {
-namespace {
-
-// Blanks (spaces only) off both ends, as the runtime's Trim does.
-std::string TrimBlanks(const std::string& s) {
-  const std::size_t first = s.find_first_not_of(' ');
-  if (first == std::string::npos) return std::string();
-  return s.substr(first, s.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
 
 std::string NumberText(double no) { return Text(Variant(Text(no)).CDbl()); }
 
@@ -80,8 +70,8 @@ void RememberNumber(Repository& repo, std::int16_t Istatus, const std::string& s
                     double no, const Date& date) {
   const std::string n = NumberText(no);
   if (Istatus == 0) {
-    repo.Open("insert into t_sitemno values ('" + TrimBlanks(strTableName) + "' ,'" + n + "','" +
-                  TrimBlanks(Text(date)) + "')",
+    repo.Open("insert into t_sitemno values ('" + Trim(strTableName) + "' ,'" + n + "','" +
+                  Trim(Text(date)) + "')",
               2, 1);
   } else {
     repo.Open("update t_sitemno set F_No='" + n + "' where F_FnDate='" + Text(date) +

@@ -1,6 +1,6 @@
 // The key texts of studies and samples read as numbers by their leading
 // digits.
-#include "corvane/customers/number_key.h"
+#include "corvane/customers/internal/number_key.h"
 
 #include <gtest/gtest.h>
 

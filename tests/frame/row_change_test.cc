@@ -202,6 +202,8 @@ class clsDataBWorded : private Repository {
 };
 
 TEST_F(RowChangeTest, AClassThatKeepsTheSessionOpensAndClosesItItself) {
+  // A session with a connection of its own, neither pooled nor shared.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
   std::shared_ptr<Connection> cn;
   {
     clsDataBWorded repo;

@@ -1,7 +1,7 @@
 // The number a key text stands for, where a study or sample number arrives
 // as text: read by its leading digits, as the runtime's Val reads a text.
-#ifndef CORVANE_CUSTOMERS_NUMBER_KEY_H_
-#define CORVANE_CUSTOMERS_NUMBER_KEY_H_
+#ifndef CORVANE_CUSTOMERS_INTERNAL_NUMBER_KEY_H_
+#define CORVANE_CUSTOMERS_INTERNAL_NUMBER_KEY_H_
 
 #include <string>
 #include <string_view>
@@ -20,4 +20,4 @@ std::string NumberKey(std::string_view text);
 
 }  // namespace corvane::customers
 
-#endif  // CORVANE_CUSTOMERS_NUMBER_KEY_H_
+#endif  // CORVANE_CUSTOMERS_INTERNAL_NUMBER_KEY_H_

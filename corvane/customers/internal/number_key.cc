@@ -1,5 +1,5 @@
 // Key texts read as numbers.
-#include "corvane/customers/number_key.h"
+#include "corvane/customers/internal/number_key.h"
 
 #include <cctype>
 #include <cstdlib>
