@@ -26,6 +26,7 @@ class Rowset;
 }  // namespace internal
 
 class Recordset;
+class NzValue;
 
 // A column of the current row, as Fields.Item(name) hands it out.
 class Field {
@@ -40,6 +41,7 @@ class Field {
 
  private:
   friend class Recordset;
+  friend class NzValue;
   Field(const internal::Rowset* rowset, std::size_t index) : rowset_(rowset), index_(index) {}
   const internal::Rowset* rowset_;
   std::size_t index_;

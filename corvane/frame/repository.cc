@@ -1,6 +1,8 @@
 // The repository frame.
 #include "corvane/frame/repository.h"
 
+#include "corvane/frame/internal/rowset.h"
+
 #include <new>
 
 namespace corvane {
@@ -72,7 +74,7 @@ void Repository::KeysetEditWithDefaults(const std::string& sql) {
   rs().Open(sql, session().Connection(), -1, -1, -1);
 }
 
-Variant Repository::Nz(std::string_view null_test_column, std::string_view value_column,
+NzValue Repository::Nz(std::string_view null_test_column, std::string_view value_column,
                        const Variant& fallback) {
   Recordset& r = rs();
   const Field test = r.Fields(null_test_column);
@@ -80,8 +82,17 @@ Variant Repository::Nz(std::string_view null_test_column, std::string_view value
   // The second fetch of the same name finds the same field.
   const bool same = null_test_column.data() == value_column.data() &&
                     null_test_column.size() == value_column.size();
-  const Field value = same ? test : r.Fields(value_column);
-  return is_null ? fallback : value.Value();
+  return NzValue(same ? test : r.Fields(value_column), is_null ? &fallback : nullptr);
+}
+
+Variant NzValue::Get() const { return fallback_ != nullptr ? *fallback_ : field_.Value(); }
+
+std::string NzValue::CStr() && {
+  if (fallback_ == nullptr) {
+    std::string text;
+    if (field_.rowset_->StoredText(field_.index_, &text)) return text;
+  }
+  return Get().CStr();
 }
 
 Error Repository::CurrentFailure() {

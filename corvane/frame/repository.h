@@ -21,6 +21,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "corvane/frame/collection.h"
 #include "corvane/frame/date.h"
@@ -32,6 +33,34 @@
 #include "corvane/frame/variant.h"
 
 namespace corvane {
+
+// What an NZ read gives: the field's value, or the fallback when the field
+// was null, converted to the target type only when the conversion is asked
+// for (text read straight from the row, without a value in between). It is
+// converted at once, in the expression of the read: Nz(...).CStr().
+class NzValue {
+ public:
+  NzValue(const NzValue&) = delete;
+  NzValue& operator=(const NzValue&) = delete;
+
+  std::string CStr() &&;
+  double CDbl() && { return Get().CDbl(); }
+  std::int16_t CInt() && { return Get().CInt(); }
+  std::int32_t CLng() && { return Get().CLng(); }
+  Date CDate() && { return Get().CDate(); }
+  bool CBool() && { return Get().CBool(); }
+  std::vector<std::uint8_t> CBytes() && { return Get().CBytes(); }
+  operator Variant() && { return Get(); }
+
+ private:
+  friend class Repository;
+  NzValue(const Field& field, const Variant* fallback) : field_(field), fallback_(fallback) {}
+  // The value as the runtime has it.
+  Variant Get() const;
+
+  Field field_;
+  const Variant* fallback_;  // set when the field was null
+};
 
 // The report a method shows when it fails, and how its handler treats rs.
 struct Handling {
@@ -90,11 +119,11 @@ class Repository {
 
   // The NZ read: the field fetched and tested for null, fetched again, the
   // fallback taken when it was null. Convert the result with C...().
-  Variant Nz(std::string_view column, const Variant& fallback) {
+  NzValue Nz(std::string_view column, const Variant& fallback) {
     return Nz(column, column, fallback);
   }
   // The same where the null test and the value name the column differently.
-  Variant Nz(std::string_view null_test_column, std::string_view value_column,
+  NzValue Nz(std::string_view null_test_column, std::string_view value_column,
              const Variant& fallback);
   // A read with no null test.
   Variant Value(std::string_view column) { return rs().Fields(column).Value(); }

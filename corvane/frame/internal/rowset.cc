@@ -156,7 +156,7 @@ bool Rowset::DrainShort() {
   // Reading a short rest costs less than a new connection; a long one (the
   // whole table under an AddNew, say) costs time in proportion to the table.
   constexpr int kDrainLimit = 1000;
-  for (int i = 0; i < kDrainLimit; ++i) {
+  for (int i = 0; i <= kDrainLimit; ++i) {  // the rows and the end of them
     if (mysql_fetch_row(result_) == nullptr) {
       link_.NoteFailure();
       return true;
@@ -248,6 +248,16 @@ Variant Rowset::Value(std::size_t i) const {
   RequireRow();
   if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
   return ReadCell(columns_[i], CellAt(i));
+}
+
+bool Rowset::StoredText(std::size_t i, std::string* out) const {
+  if (mode_ != Mode::kNone || !columns_[i].plain_text) return false;
+  RequireRow();
+  if (deleted_) throw Error(errc::kRowDeleted, "The current row has been deleted");
+  const CellView cell = CellAt(i);
+  if (!cell) return false;
+  out->assign(cell->data(), cell->size());
+  return true;
 }
 
 void Rowset::MoveNext() {

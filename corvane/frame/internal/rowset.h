@@ -55,6 +55,9 @@ class Rowset final : public Streamer {
   std::size_t Find(std::string_view name) const;  // throws item not found
   const Column& column(std::size_t i) const { return columns_[i]; }
   Variant Value(std::size_t i) const;
+  // Value(i).CStr() without the value in between, where the cell is stored
+  // text: true with *out set; false where the value must be made.
+  bool StoredText(std::size_t i, std::string* out) const;
   bool IsNull(std::size_t i) const;
 
   void MoveNext();
