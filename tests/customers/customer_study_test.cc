@@ -13,14 +13,19 @@
 #include <string>
 #include <vector>
 
+#include "tests/customers/day_row_sql.h"
 #include "tests/support/sandbox.h"
 
 namespace corvane {
 namespace {
 
+using ::corvane::testing::InsertCounterSql;
 using ::corvane::testing::LengthReport;
 using ::corvane::testing::PlainReport;
+using ::corvane::testing::QueryConditionSql;
+using ::corvane::testing::RemoveCounterSql;
 using ::corvane::testing::SandboxTest;
+using ::corvane::testing::UpdateCounterSql;
 using ::testing::HasSubstr;
 using Rows = std::vector<std::vector<std::string>>;
 using Strings = std::vector<std::string>;
@@ -36,15 +41,6 @@ std::string LargestOfDaySql(const std::string& day) {
 std::string NumberTakenSql(const std::string& no) {
   return "select * from t_bcstudy where F_InvestNo='" + no + "'";
 }
-std::string InsertCounterSql(const std::string& name, const std::string& no,
-                             const std::string& day) {
-  return "insert into t_sitemno values ('" + name + "' ,'" + no + "','" + day + "')";
-}
-std::string UpdateCounterSql(const std::string& no, const std::string& day,
-                             const std::string& name) {
-  return "update t_sitemno set F_No='" + no + "' where F_FnDate='" + day + "' and F_TableName='" +
-         name + "'";
-}
 std::string EditSql(const std::string& no) {
   return "select * from t_bcstudy where F_InvestNo ='" + no + "' ";
 }
@@ -58,9 +54,6 @@ std::string FollowMaxSql(const std::string& day, const std::string& name) {
   return "update t_sitemno set F_No= (select max(F_InvestNo) from t_bcstudy where F_InvestDate='" +
          day + "') where F_FnDate='" + day + "' and F_TableName='" + name + "'";
 }
-std::string RemoveCounterSql(const std::string& day, const std::string& name) {
-  return "delete from t_sitemno where F_FnDate ='" + day + "' and F_TableName='" + name + "'";
-}
 std::string QueryAllSql() { return "select distinct F_CustNo from t_bcstudy order by F_CustNo asc"; }
 std::string QueryAlldetaileSql(const std::string& cust) {
   return "select F_InvestNo from t_bcstudy where F_CustNo='" + cust + "'";
@@ -70,9 +63,6 @@ std::string BackEntitySql(const std::string& item) {
          "F_Suggestion,F_SendQcDesc,F_SendDateDesc,F_ServiceDesc from t_bcstudy where "
          "F_InvestNo='" +
          item + "'";
-}
-std::string QueryConditionSql(const std::string& name, const std::string& day) {
-  return "select * from t_sitemno where F_TableName='" + name + "'and F_FnDate='" + day + "'";
 }
 std::string QueryDateSql() { return "select curdate() as f_date"; }
 

@@ -14,14 +14,19 @@
 #include <string>
 #include <vector>
 
+#include "tests/customers/day_row_sql.h"
 #include "tests/support/sandbox.h"
 
 namespace corvane {
 namespace {
 
+using ::corvane::testing::InsertCounterSql;
 using ::corvane::testing::LengthReport;
 using ::corvane::testing::PlainReport;
+using ::corvane::testing::QueryConditionSql;
+using ::corvane::testing::RemoveCounterSql;
 using ::corvane::testing::SandboxTest;
+using ::corvane::testing::UpdateCounterSql;
 using ::testing::HasSubstr;
 using Rows = std::vector<std::vector<std::string>>;
 using Strings = std::vector<std::string>;
@@ -38,15 +43,6 @@ std::string GoodsTypesSql() {
   return "select distinct F_GoodStype from t_egoodstype order by F_GoodStype asc";
 }
 std::string WholeTableSql() { return "select * from t_bsample"; }
-std::string InsertCounterSql(const std::string& name, const std::string& no,
-                             const std::string& day) {
-  return "insert into t_sitemno values ('" + name + "' ,'" + no + "','" + day + "')";
-}
-std::string UpdateCounterSql(const std::string& no, const std::string& day,
-                             const std::string& name) {
-  return "update t_sitemno set F_No='" + no + "' where F_FnDate='" + day + "' and F_TableName='" +
-         name + "'";
-}
 std::string EditSql(const std::string& no) {
   return "select * from t_bsample where F_NumNo ='" + no + "' ";
 }
@@ -63,15 +59,9 @@ std::string FollowMaxSql(const std::string& day, const std::string& name) {
   return "update t_sitemno set F_No= (select max(F_NumNo) from t_bsample where F_TableTime='" +
          day + "') where F_FnDate='" + day + "' and F_TableName='" + name + "'";
 }
-std::string RemoveCounterSql(const std::string& day, const std::string& name) {
-  return "delete from t_sitemno where F_FnDate ='" + day + "' and F_TableName='" + name + "'";
-}
 std::string CustomersSql() { return "select distinct F_Custno from t_bsample order by F_Custno asc"; }
 std::string OfCustomerSql(const std::string& cust) {
   return "select * from t_bsample where F_Custno='" + cust + "'";
-}
-std::string QueryConditionSql(const std::string& name, const std::string& day) {
-  return "select * from t_sitemno where F_TableName='" + name + "'and F_FnDate='" + day + "'";
 }
 
 const char kNoRowWords[] = "Either BOF or EOF is True, or the current record has been deleted";
