@@ -42,6 +42,7 @@ class Field {
  private:
   friend class Recordset;
   friend class NzValue;
+  friend class Repository;
   Field(const internal::Rowset* rowset, std::size_t index) : rowset_(rowset), index_(index) {}
   const internal::Rowset* rowset_;
   std::size_t index_;
@@ -106,6 +107,7 @@ class Recordset {
   void Delete(int affect = 1);
 
  private:
+  friend class Repository;  // the NZ read looks at the current row directly
   std::string source_;
   std::shared_ptr<Connection> connection_;
   int cursor_type_ = kForwardOnly;

@@ -74,21 +74,40 @@ void Repository::KeysetEditWithDefaults(const std::string& sql) {
   rs().Open(sql, session().Connection(), -1, -1, -1);
 }
 
-NzValue Repository::Nz(std::string_view null_test_column, std::string_view value_column,
-                       const Variant& fallback) {
+NzValue Repository::NzRead(std::string_view null_test_column, std::string_view value_column,
+                           const Variant* fallback, const char* fallback_chars) {
   Recordset& r = rs();
-  const Field test = r.Fields(null_test_column);
-  const bool is_null = test.IsNull();
   // The second fetch of the same name finds the same field.
   const bool same = null_test_column.data() == value_column.data() &&
                     null_test_column.size() == value_column.size();
-  return NzValue(same ? test : r.Fields(value_column), is_null ? &fallback : nullptr);
+  if (same && r.rowset_) {
+    // The usual read of a row being walked: the cell is looked at once.
+    const internal::Rowset& rows = *r.rowset_;
+    const std::size_t i = rows.Find(null_test_column);
+    internal::CellView cell;
+    if (rows.PlainCell(i, &cell)) {
+      const Field field(&rows, i);
+      if (!cell) return NzValue(field, fallback, fallback_chars);
+      if (rows.column(i).plain_text) return NzValue(field, *cell);
+      return NzValue(field);
+    }
+  }
+  const Field test = r.Fields(null_test_column);
+  const bool is_null = test.IsNull();
+  const Field value = same ? test : r.Fields(value_column);
+  return is_null ? NzValue(value, fallback, fallback_chars) : NzValue(value);
 }
 
-Variant NzValue::Get() const { return fallback_ != nullptr ? *fallback_ : field_.Value(); }
+Variant NzValue::Get() const {
+  if (!null_) return field_.Value();
+  return fallback_ != nullptr ? *fallback_ : Variant(fallback_chars_);
+}
 
 std::string NzValue::CStr() && {
-  if (fallback_ == nullptr) {
+  if (has_stored_text_) return std::string(stored_text_);
+  if (null_) {
+    if (fallback_chars_ != nullptr) return std::string(fallback_chars_);
+  } else {
     std::string text;
     if (field_.rowset_->StoredText(field_.index_, &text)) return text;
   }

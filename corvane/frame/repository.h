@@ -54,12 +54,24 @@ class NzValue {
 
  private:
   friend class Repository;
-  NzValue(const Field& field, const Variant* fallback) : field_(field), fallback_(fallback) {}
+  // The field's own value.
+  explicit NzValue(const Field& field) : field_(field) {}
+  // The fallback, the field being null: a value, or the characters of a text.
+  NzValue(const Field& field, const Variant* fallback, const char* fallback_chars)
+      : field_(field), fallback_(fallback), fallback_chars_(fallback_chars), null_(true) {}
+  NzValue(const Field& field, std::string_view stored_text)
+      : field_(field), stored_text_(stored_text), has_stored_text_(true) {}
   // The value as the runtime has it.
   Variant Get() const;
 
   Field field_;
-  const Variant* fallback_;  // set when the field was null
+  const Variant* fallback_ = nullptr;
+  const char* fallback_chars_ = nullptr;
+  bool null_ = false;  // the field was null: the fallback stands
+  // The characters of a text cell of the current row, where the read found
+  // them already: CStr() copies them and asks nothing more.
+  std::string_view stored_text_;
+  bool has_stored_text_ = false;
 };
 
 // The report a method shows when it fails, and how its handler treats rs.
@@ -120,11 +132,23 @@ class Repository {
   // The NZ read: the field fetched and tested for null, fetched again, the
   // fallback taken when it was null. Convert the result with C...().
   NzValue Nz(std::string_view column, const Variant& fallback) {
-    return Nz(column, column, fallback);
+    return NzRead(column, column, &fallback, nullptr);
+  }
+  // A text fallback stays characters until a conversion needs a value.
+  template <std::size_t N>
+  NzValue Nz(std::string_view column, const char (&fallback)[N]) {
+    return NzRead(column, column, nullptr, fallback);
   }
   // The same where the null test and the value name the column differently.
   NzValue Nz(std::string_view null_test_column, std::string_view value_column,
-             const Variant& fallback);
+             const Variant& fallback) {
+    return NzRead(null_test_column, value_column, &fallback, nullptr);
+  }
+  template <std::size_t N>
+  NzValue Nz(std::string_view null_test_column, std::string_view value_column,
+             const char (&fallback)[N]) {
+    return NzRead(null_test_column, value_column, nullptr, fallback);
+  }
   // A read with no null test.
   Variant Value(std::string_view column) { return rs().Fields(column).Value(); }
   // A column write: rs.Collect(column) = value.
@@ -150,7 +174,7 @@ class Repository {
       reads(*entity);
       if (order == AddOrder::kBeforeMoveNext) AddTo(collection, entity);
       rs().MoveNext();
-      if (order == AddOrder::kAfterMoveNext) AddTo(collection, entity);
+      if (order == AddOrder::kAfterMoveNext) AddTo(collection, std::move(entity));
     }
     rs().Close();
   }
@@ -205,6 +229,9 @@ class Repository {
  private:
   // The failure in flight as a corvane::Error.
   static Error CurrentFailure();
+  // The NZ read, with the fallback as a value or as the characters of a text.
+  NzValue NzRead(std::string_view null_test_column, std::string_view value_column,
+                 const Variant* fallback, const char* fallback_chars);
   void Handle(Handling handling, const Error& failure);
 
   clsDbSession session_;

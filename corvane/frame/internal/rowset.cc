@@ -186,14 +186,7 @@ bool Rowset::Advance() {
   if (result_ == nullptr) return false;
   MYSQL_ROW r = mysql_fetch_row(result_);
   if (r == nullptr) {
-    // The end of the rows, or the connection failing under them.
-    const bool failed = streaming_ && link_.Failed();
-    if (failed) {
-      const Error failure = FetchFailure();
-      FinishResult(false);
-      throw failure;
-    }
-    FinishResult(false);
+    WireEnded();
     return false;
   }
   wire_row_ = r;
@@ -201,13 +194,17 @@ bool Rowset::Advance() {
   return true;
 }
 
-std::size_t Rowset::Find(std::string_view name) const {
-  Memo& memo = memo_[((reinterpret_cast<std::uintptr_t>(name.data()) >> 3) ^ name.size()) %
-                     memo_.size()];
-  if (memo.data == name.data() && memo.text.size() == name.size() &&
-      std::memcmp(memo.text.data(), name.data(), name.size()) == 0) {
-    return memo.index;
+void Rowset::WireEnded() {
+  const bool failed = streaming_ && link_.Failed();
+  if (failed) {
+    const Error failure = FetchFailure();
+    FinishResult(false);
+    throw failure;
   }
+  FinishResult(false);
+}
+
+std::size_t Rowset::FindAndRemember(std::string_view name) const {
   const auto it = index_.find(name);
   if (it == index_.end()) {
     throw Error(errc::kItemNotFound,
@@ -215,6 +212,7 @@ std::size_t Rowset::Find(std::string_view name) const {
                 "ordinal: " +
                     std::string(name));
   }
+  Memo& memo = memo_[MemoSlot(name)];
   memo.data = name.data();
   memo.text.assign(name);
   memo.index = it->second;
@@ -260,7 +258,7 @@ bool Rowset::StoredText(std::size_t i, std::string* out) const {
   return true;
 }
 
-void Rowset::MoveNext() {
+void Rowset::MoveNextSlow() {
   if (mode_ != Mode::kNone) Update();
   if (eof_) {
     throw Error(errc::kNoCurrentRecord,

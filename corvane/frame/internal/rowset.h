@@ -7,6 +7,7 @@
 #include <mysql.h>
 
 #include <array>
+#include <cstring>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -52,15 +53,50 @@ class Rowset final : public Streamer {
   std::int32_t record_count() const { return record_count_; }
   bool editing() const { return mode_ != Mode::kNone; }
 
-  std::size_t Find(std::string_view name) const;  // throws item not found
+  // Throws item not found.
+  std::size_t Find(std::string_view name) const {
+    const Memo& memo = memo_[MemoSlot(name)];
+    if (memo.data == name.data() && memo.text.size() == name.size() &&
+        SameBytes(memo.text.data(), name.data(), name.size())) {
+      return memo.index;
+    }
+    return FindAndRemember(name);
+  }
   const Column& column(std::size_t i) const { return columns_[i]; }
   Variant Value(std::size_t i) const;
   // Value(i).CStr() without the value in between, where the cell is stored
   // text: true with *out set; false where the value must be made.
   bool StoredText(std::size_t i, std::string* out) const;
   bool IsNull(std::size_t i) const;
+  // The cell of column i as the current row holds it, where reading it can
+  // raise nothing (a row is current, not deleted, no edit pending): true with
+  // *cell set. False sends the caller the long way, which raises what it must.
+  bool PlainCell(std::size_t i, CellView* cell) const {
+    if (mode_ != Mode::kNone || bof_ || eof_ || deleted_) return false;
+    *cell = CellAt(i);
+    return true;
+  }
 
-  void MoveNext();
+  // The next row straight from the wire where nothing else is pending (no
+  // edit, no rows read ahead, no cut); otherwise the long way.
+  void MoveNext() {
+    if (mode_ == Mode::kNone && !eof_ && result_ != nullptr && ahead_.empty() && !cut_) {
+      deleted_ = false;
+      if (MYSQL_ROW r = mysql_fetch_row(result_)) {
+        wire_row_ = r;
+        wire_lengths_ = mysql_fetch_lengths(result_);
+        bof_ = false;
+        return;
+      }
+      wire_row_ = nullptr;
+      wire_lengths_ = nullptr;
+      WireEnded();
+      current_.clear();
+      eof_ = true;
+      return;
+    }
+    MoveNextSlow();
+  }
   void Write(std::size_t i, const Variant& value);
   void AddNew();
   void Update();
@@ -75,6 +111,27 @@ class Rowset final : public Streamer {
   // Makes the next row current, from the rows read ahead or the wire; false
   // at the end.
   bool Advance();
+  void MoveNextSlow();
+  // The wire gave no further row: the end of the result, or the connection
+  // failing under it (thrown).
+  void WireEnded();
+  std::size_t MemoSlot(std::string_view name) const {
+    return ((reinterpret_cast<std::uintptr_t>(name.data()) >> 3) ^ name.size()) % memo_.size();
+  }
+  std::size_t FindAndRemember(std::string_view name) const;
+  // memcmp(a, b, n) == 0, without a call for the short names columns have:
+  // two overlapping words cover 8 to 16 bytes.
+  static bool SameBytes(const char* a, const char* b, std::size_t n) {
+    if (n >= 8 && n <= 16) {
+      std::uint64_t a0, a1, b0, b1;
+      std::memcpy(&a0, a, 8);
+      std::memcpy(&b0, b, 8);
+      std::memcpy(&a1, a + n - 8, 8);
+      std::memcpy(&b1, b + n - 8, 8);
+      return ((a0 ^ b0) | (a1 ^ b1)) == 0;
+    }
+    return std::memcmp(a, b, n) == 0;
+  }
   // A row read from the wire stays in the wire's buffer until the next fetch
   // or the end of the result: this copies it into current_ first.
   void Own();
