@@ -13,11 +13,12 @@
 #include <vector>
 
 #include "corvane/entities/cost_header.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBCosth : private Repository {
+class CORVANE_EXPORT clsDataBCosth : private Repository {
  public:
   clsDataBCosth() = default;
 

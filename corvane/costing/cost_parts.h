@@ -10,11 +10,12 @@
 #include <cstdint>
 
 #include "corvane/entities/cost_part.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBCosti : private Repository {
+class CORVANE_EXPORT clsDataBCosti : private Repository {
  public:
   clsDataBCosti() = default;
 

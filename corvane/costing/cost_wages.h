@@ -10,11 +10,12 @@
 #include <cstdint>
 
 #include "corvane/entities/cost_wage.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBCosts : private Repository {
+class CORVANE_EXPORT clsDataBCosts : private Repository {
  public:
   clsDataBCosts() = default;
 

@@ -10,11 +10,12 @@
 #include <string>
 
 #include "corvane/entities/wage_sort.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBWageSort : private Repository {
+class CORVANE_EXPORT clsDataBWageSort : private Repository {
  public:
   clsDataBWageSort() = default;
 

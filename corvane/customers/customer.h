@@ -13,11 +13,12 @@
 #include <string>
 
 #include "corvane/entities/customer.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBCustom : private Repository {
+class CORVANE_EXPORT clsDataBCustom : private Repository {
  public:
   clsDataBCustom() = default;
 

@@ -11,11 +11,12 @@
 
 #include "corvane/entities/customer_study.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBCStudy : private Repository {
+class CORVANE_EXPORT clsDataBCStudy : private Repository {
  public:
   clsDataBCStudy() = default;
 

@@ -13,11 +13,12 @@
 #include <string>
 
 #include "corvane/entities/sales_person.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBSaler : private Repository {
+class CORVANE_EXPORT clsDataBSaler : private Repository {
  public:
   clsDataBSaler() = default;
 

@@ -13,11 +13,12 @@
 #include "corvane/entities/goods_type.h"
 #include "corvane/entities/sample.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBSample : private Repository {
+class CORVANE_EXPORT clsDataBSample : private Repository {
  public:
   clsDataBSample() = default;
 

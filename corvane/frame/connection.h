@@ -8,12 +8,14 @@
 #include <memory>
 #include <string>
 
+#include "corvane/export.h"
+
 namespace corvane {
 namespace internal {
 class Link;
 }  // namespace internal
 
-class Connection {
+class CORVANE_EXPORT Connection {
  public:
   Connection();
   ~Connection();

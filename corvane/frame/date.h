@@ -4,9 +4,11 @@
 #ifndef CORVANE_FRAME_DATE_H_
 #define CORVANE_FRAME_DATE_H_
 
+#include "corvane/export.h"
+
 namespace corvane {
 
-class Date {
+class CORVANE_EXPORT Date {
  public:
   struct Parts {
     int year = 1899, month = 12, day = 30, hour = 0, minute = 0, second = 0;

@@ -9,9 +9,11 @@
 #include <exception>
 #include <string>
 
+#include "corvane/export.h"
+
 namespace corvane {
 
-class Error : public std::exception {
+class CORVANE_EXPORT Error : public std::exception {
  public:
   Error(std::int32_t number, std::string description);
 

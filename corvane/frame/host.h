@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "corvane/export.h"
+
 namespace corvane {
 
 // The connection text of the business database: items "SERVER=", "PORT=",
@@ -14,13 +16,13 @@ namespace corvane {
 // sessions read my.ini in the parent of the application path (see below):
 // server, business database name, user, password; port 3306. An empty text
 // returns to my.ini.
-void SetSessionConnectionString(std::string text);
-std::string SessionConnectionString();
+CORVANE_EXPORT void SetSessionConnectionString(std::string text);
+CORVANE_EXPORT std::string SessionConnectionString();
 
 // The folder that stands for the library's own folder. Default: the folder of
 // the loaded libcorvane. An empty text restores the default.
-void SetApplicationPath(std::string folder);
-std::string ApplicationPath();
+CORVANE_EXPORT void SetApplicationPath(std::string folder);
+CORVANE_EXPORT std::string ApplicationPath();
 
 // What kind of statement the library sends.
 enum class StatementKind {
@@ -34,7 +36,7 @@ enum class StatementKind {
 // Receives every statement before it is sent, on the calling thread. An empty
 // observer turns observation off.
 using StatementObserver = std::function<void(StatementKind kind, const std::string& text)>;
-void SetStatementObserver(StatementObserver observer);
+CORVANE_EXPORT void SetStatementObserver(StatementObserver observer);
 
 }  // namespace corvane
 

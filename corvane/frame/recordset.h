@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 
+#include "corvane/export.h"
 #include "corvane/frame/connection.h"
 #include "corvane/frame/variant.h"
 
@@ -29,7 +30,7 @@ class Recordset;
 class NzValue;
 
 // A column of the current row, as Fields.Item(name) hands it out.
-class Field {
+class CORVANE_EXPORT Field {
  public:
   // The value in the current row (or the value written and not yet stored).
   Variant Value() const;
@@ -47,7 +48,7 @@ class Field {
   std::size_t index_;
 };
 
-class Recordset {
+class CORVANE_EXPORT Recordset {
  public:
   // Cursor types, lock types and locations.
   static constexpr int kForwardOnly = 0, kKeyset = 1, kDynamic = 2, kStatic = 3;

@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+#include "corvane/export.h"
+
 namespace corvane {
 
 struct Report {
@@ -21,10 +23,10 @@ struct Report {
 // Installs the handler that shows reports; an empty handler restores the
 // default. The handler runs on the calling thread inside the failing method,
 // which returns only when the handler does.
-void SetReportHandler(std::function<void(const Report&)> handler);
+CORVANE_EXPORT void SetReportHandler(std::function<void(const Report&)> handler);
 
 // Shows a report through the installed handler.
-void ShowReport(const Report& report);
+CORVANE_EXPORT void ShowReport(const Report& report);
 
 }  // namespace corvane
 

@@ -23,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+#include "corvane/export.h"
 #include "corvane/frame/collection.h"
 #include "corvane/frame/date.h"
 #include "corvane/frame/error.h"
@@ -38,7 +39,7 @@ namespace corvane {
 // was null, converted to the target type only when the conversion is asked
 // for (text read straight from the row, without a value in between). It is
 // converted at once, in the expression of the read: Nz(...).CStr().
-class NzValue {
+class CORVANE_EXPORT NzValue {
  public:
   NzValue(const NzValue&) = delete;
   NzValue& operator=(const NzValue&) = delete;
@@ -81,12 +82,12 @@ inline constexpr Handling kLengthReport{Handling::Report::kLength};
 inline constexpr Handling kAlertReport{Handling::Report::kAlert};
 
 // The report a handling shows for a failure.
-Report ReportFor(Handling::Report kind, const Error& failure);
+CORVANE_EXPORT Report ReportFor(Handling::Report kind, const Error& failure);
 
 // The base of every repository class. Its operations are public so that the
 // shared mechanisms (numbering, rights) can run them on a repository; the
 // classes inherit privately, so none of it is visible to their clients.
-class Repository {
+class CORVANE_EXPORT Repository {
  public:
   Repository(const Repository&) = delete;
   Repository& operator=(const Repository&) = delete;

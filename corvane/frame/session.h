@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "corvane/export.h"
 #include "corvane/frame/connection.h"
 
 namespace corvane {
@@ -35,10 +36,10 @@ struct SessionPoolOptions {
 
 // Sets how sessions keep their connections; connections already handed out
 // keep the options they were handed out with. Safe from any thread.
-void SetSessionPool(const SessionPoolOptions& options);
-SessionPoolOptions GetSessionPool();
+CORVANE_EXPORT void SetSessionPool(const SessionPoolOptions& options);
+CORVANE_EXPORT SessionPoolOptions GetSessionPool();
 
-class clsDbSession {
+class CORVANE_EXPORT clsDbSession {
  public:
   clsDbSession() = default;
   clsDbSession(const clsDbSession&) = delete;

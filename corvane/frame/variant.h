@@ -11,11 +11,12 @@
 #include <variant>
 #include <vector>
 
+#include "corvane/export.h"
 #include "corvane/frame/date.h"
 
 namespace corvane {
 
-class Variant {
+class CORVANE_EXPORT Variant {
  public:
   enum class Type { kEmpty, kNull, kInt16, kInt32, kDouble, kString, kDate, kBool, kBytes };
 

@@ -5,11 +5,13 @@
 
 #include <string>
 
+#include "corvane/export.h"
+
 namespace corvane::numbering {
 
 // text with every placeholder replaced by value.
-std::string Fill(const std::string& text, const std::string& placeholder,
-                 const std::string& value);
+CORVANE_EXPORT std::string Fill(const std::string& text, const std::string& placeholder,
+                                const std::string& value);
 
 }  // namespace corvane::numbering
 

@@ -12,11 +12,12 @@
 
 #include "corvane/entities/order_change.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOrdChange : private Repository {
+class CORVANE_EXPORT clsDataBOrdChange : private Repository {
  public:
   clsDataBOrdChange() = default;
 

@@ -12,11 +12,12 @@
 
 #include "corvane/entities/order_header.h"
 #include "corvane/entities/sitemno.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOrderh : private Repository {
+class CORVANE_EXPORT clsDataBOrderh : private Repository {
  public:
   clsDataBOrderh() = default;
 

@@ -14,11 +14,12 @@
 #include <string>
 
 #include "corvane/entities/order_line.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOrderi : private Repository {
+class CORVANE_EXPORT clsDataBOrderi : private Repository {
  public:
   clsDataBOrderi() = default;
 

@@ -7,11 +7,12 @@
 #include <string>
 
 #include "corvane/entities/order_type.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOrderType : private Repository {
+class CORVANE_EXPORT clsDataBOrderType : private Repository {
  public:
   clsDataBOrderType() = default;
 

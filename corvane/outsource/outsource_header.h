@@ -13,11 +13,12 @@
 #include <string>
 
 #include "corvane/entities/outsource_header.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOutMakeh : private Repository {
+class CORVANE_EXPORT clsDataBOutMakeh : private Repository {
  public:
   clsDataBOutMakeh() = default;
 

@@ -13,11 +13,12 @@
 #include <memory>
 
 #include "corvane/entities/outsource_line.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBOutMakei : private Repository {
+class CORVANE_EXPORT clsDataBOutMakei : private Repository {
  public:
   clsDataBOutMakei() = default;
 

@@ -14,12 +14,13 @@
 #include <string>
 #include <vector>
 
+#include "corvane/export.h"
 #include "corvane/frame/connection.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBPriceAttach : private Repository {
+class CORVANE_EXPORT clsDataBPriceAttach : private Repository {
  public:
   // Opens the session, reads my.ini and opens cn. A failure is reported
   // (style 0, "塔恩维克") and the object comes into being all the same, with

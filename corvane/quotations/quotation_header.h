@@ -20,11 +20,12 @@
 
 #include "corvane/entities/currency.h"
 #include "corvane/entities/quotation_header.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBPriceh : private Repository {
+class CORVANE_EXPORT clsDataBPriceh : private Repository {
  public:
   clsDataBPriceh() = default;
 

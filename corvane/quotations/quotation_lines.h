@@ -22,11 +22,12 @@
 #include <string>
 
 #include "corvane/entities/quotation_line.h"
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane {
 
-class clsDataBPricei : private Repository {
+class CORVANE_EXPORT clsDataBPricei : private Repository {
  public:
   clsDataBPricei() = default;
 

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "corvane/export.h"
 #include "corvane/frame/repository.h"
 
 namespace corvane::rights {
@@ -17,9 +18,9 @@ enum class FreshRs { kNo, kYes };
 // Asks t_dataright whether UserId has rows for module (a new rs first when
 // fresh says so), leaves rs a new recordset, and returns filtered when the
 // user has rows, unfiltered when BOF or EOF says there are none.
-const std::string& Choose(Repository& repo, Module module, const std::string& UserId,
-                          FreshRs fresh, const std::string& filtered,
-                          const std::string& unfiltered);
+CORVANE_EXPORT const std::string& Choose(Repository& repo, Module module, const std::string& UserId,
+                                         FreshRs fresh, const std::string& filtered,
+                                         const std::string& unfiltered);
 
 }  // namespace corvane::rights
 
