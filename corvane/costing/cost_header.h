@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The cost estimate headers, table T_BCosth.
+/// \see corvane/costing/cost_header.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBCosth : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -17,6 +17,7 @@
 namespace corvane {
 
 /// The parts of cost estimates, table T_BCosti.
+/// \see corvane/costing/cost_parts.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBCosti : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

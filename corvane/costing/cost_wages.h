@@ -17,6 +17,7 @@
 namespace corvane {
 
 /// The wages of cost estimates, table T_BCosts.
+/// \see corvane/costing/cost_wages.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBCosts : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -17,6 +17,7 @@
 namespace corvane {
 
 /// The wage items and rates by wage sort, table T_BWageSort.
+/// \see corvane/costing/wage_sort.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBWageSort : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The customer master, table t_bcustom.
+/// \see corvane/customers/customer.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBCustom : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -18,6 +18,7 @@
 namespace corvane {
 
 /// The customer studies, table t_bcstudy.
+/// \see corvane/customers/customer_study.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBCStudy : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The sales people, table T_BSaler.
+/// \see corvane/customers/sales_people.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBSaler : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The samples made for customers, table t_bsample.
+/// \see corvane/customers/sample.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBSample : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

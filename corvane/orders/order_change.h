@@ -19,6 +19,7 @@
 namespace corvane {
 
 /// The order change requests, table T_BOrdChange, and their carry-over at approval.
+/// \see corvane/orders/order_change.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOrdChange : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

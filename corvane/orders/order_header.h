@@ -19,6 +19,7 @@
 namespace corvane {
 
 /// The sales order headers, table T_BOrderh, numbered by the day.
+/// \see corvane/orders/order_header.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOrderh : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

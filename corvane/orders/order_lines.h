@@ -21,6 +21,7 @@
 namespace corvane {
 
 /// The sales order lines, table T_BOrderi, with the demand and totals queries.
+/// \see corvane/orders/order_lines.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOrderi : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -14,6 +14,7 @@
 namespace corvane {
 
 /// The order types of sales orders, table T_BOrderType.
+/// \see corvane/orders/order_type.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOrderType : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

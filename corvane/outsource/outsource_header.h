@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The outsource order headers, table t_boutmakeh.
+/// \see corvane/outsource/outsource_header.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOutMakeh : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

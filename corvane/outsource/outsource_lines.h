@@ -20,6 +20,7 @@
 namespace corvane {
 
 /// The outsource order lines, table t_boutmakei, and the open quantities.
+/// \see corvane/outsource/outsource_lines.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBOutMakei : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

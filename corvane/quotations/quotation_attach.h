@@ -22,6 +22,7 @@
 namespace corvane {
 
 /// The files attached to quotation lines, table t_bprice_attach of the attachment database.
+/// \see corvane/quotations/quotation_attach.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBPriceAttach : private Repository {
  public:
   /// Opens the session, reads my.ini and opens cn. A failure is reported

@@ -27,6 +27,7 @@
 namespace corvane {
 
 /// The quotation headers, table t_bpriceh.
+/// \see corvane/quotations/quotation_header.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBPriceh : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words

@@ -29,6 +29,7 @@
 namespace corvane {
 
 /// The quotation lines, table t_bpricei.
+/// \see corvane/quotations/quotation_lines.h for the whole description of the class.
 class CORVANE_EXPORT clsDataBPricei : private Repository {
  public:
   /// Opens the session; a failure throws corvane::Error with the server's words
