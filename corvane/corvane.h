@@ -1,5 +1,9 @@
-// Corvane: the data layer of the manufacturing and sales management system.
-// Including this header gives every public class of the library.
+/// \file
+/// Corvane: the data layer of the manufacturing and sales management system.
+/// Including this header gives every public class of the library.
+///
+/// \namespace corvane
+/// The repository classes, their entities and the frame they stand on.
 #ifndef CORVANE_CORVANE_H_
 #define CORVANE_CORVANE_H_
 
