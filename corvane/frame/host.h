@@ -13,10 +13,13 @@
 namespace corvane {
 
 /// The connection text of the business database: items "SERVER=", "PORT=",
-/// "SOCKET=", "DATABASE=", "UID=", "PWD=" separated by ";". Until it is set,
-/// sessions read my.ini in the parent of the application path (see below):
-/// server, business database name, user, password; port 3306. An empty text
-/// returns to my.ini.
+/// "SOCKET=", "DATABASE=", "UID=", "PWD=" separated by ";". "SERVER=" may name
+/// the nodes of a Galera cluster, "host[:port],host[:port],..." (PORT= for
+/// those without a port): the first synced one is used, in the text's order
+/// or, with "LOADBALANCE=random", from a random one, and a dropped connection
+/// goes on with the next. Until it is set, sessions read my.ini in the parent
+/// of the application path (see below): server, business database name, user,
+/// password; port 3306. An empty text returns to my.ini.
 CORVANE_EXPORT void SetSessionConnectionString(std::string text);
 /// The connection text set by SetSessionConnectionString; empty while
 /// sessions read my.ini.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <random>
 #include <string>
 
 #include "corvane/frame/error.h"
@@ -68,28 +69,102 @@ void Link::Connect(const ConnectionParams& params, int timeout_seconds) {
   Disconnect();
   params_ = params;
   connect_timeout_ = params.connect_timeout >= 0 ? params.connect_timeout : timeout_seconds;
-  Dial();
+  std::size_t first = 0;
+  if (params_.random_start && !params_.servers.empty()) {
+    std::random_device random;
+    first = std::uniform_int_distribution<std::size_t>(0, params_.servers.size() - 1)(random);
+  }
+  Dial(first);
   open_ = true;
   tables_.clear();
 }
 
-void Link::Dial() {
+MYSQL* Link::DialOne(const char* host, unsigned port, std::string* failure) {
   MYSQL* m = mysql_init(nullptr);
   if (m == nullptr) throw Error(errc::kProvider, "Out of memory for a connection");
   mysql_options(m, MYSQL_SET_CHARSET_NAME, "utf8mb4");
   SetTimeout(m, MYSQL_OPT_CONNECT_TIMEOUT, connect_timeout_);
   SetTimeout(m, MYSQL_OPT_READ_TIMEOUT, params_.read_timeout);
   SetTimeout(m, MYSQL_OPT_WRITE_TIMEOUT, params_.write_timeout);
-  // A socket named without a server is reached through the socket.
-  const bool by_socket = !params_.socket.empty() && !params_.server_given;
-  const char* host = by_socket ? "localhost" : params_.server.c_str();
   const char* socket = params_.socket.empty() ? nullptr : params_.socket.c_str();
   if (mysql_real_connect(m, host, params_.user.c_str(), params_.password.c_str(),
-                         params_.database.empty() ? nullptr : params_.database.c_str(),
-                         params_.port, socket, CLIENT_FOUND_ROWS) == nullptr) {
-    const std::string message = mysql_error(m);
+                         params_.database.empty() ? nullptr : params_.database.c_str(), port,
+                         socket, CLIENT_FOUND_ROWS) == nullptr) {
+    *failure = mysql_error(m);
     mysql_close(m);
-    throw Error(errc::kProvider, message);
+    return nullptr;
+  }
+  return m;
+}
+
+bool Link::NodeReady(MYSQL* m, std::string* failure) {
+  // The wait makes the one read below start only when this node has applied
+  // every write the cluster had ordered when it was asked.
+  static constexpr std::string_view kWait = "SET SESSION wsrep_sync_wait=1";
+  static constexpr std::string_view kState =
+      "SELECT @@wsrep_on, (SELECT variable_value FROM information_schema.global_status WHERE "
+      "variable_name='wsrep_ready'), (SELECT variable_value FROM "
+      "information_schema.global_status WHERE variable_name='wsrep_local_state')";
+  static constexpr std::string_view kNoWait = "SET SESSION wsrep_sync_wait=0";
+  if (mysql_real_query(m, kWait.data(), kWait.size()) != 0) {
+    // A server without the variable is a plain server: ready as it is.
+    if (mysql_errno(m) == ER_UNKNOWN_SYSTEM_VARIABLE) return true;
+    *failure = mysql_error(m);
+    return false;
+  }
+  if (mysql_real_query(m, kState.data(), kState.size()) != 0) {
+    *failure = mysql_error(m);
+    return false;
+  }
+  MYSQL_RES* res = mysql_store_result(m);
+  if (res == nullptr) {
+    *failure = mysql_error(m);
+    return false;
+  }
+  const MYSQL_ROW row = mysql_fetch_row(res);
+  const auto cell = [&](int i) { return row != nullptr && row[i] != nullptr ? std::string(row[i]) : std::string(); };
+  const bool plain = cell(0) == "0";
+  const bool synced = cell(1) == "ON" && cell(2) == "4";
+  const std::string state = "wsrep_ready " + cell(1) + ", wsrep_local_state " + cell(2);
+  mysql_free_result(res);
+  if (!plain && !synced) {
+    *failure = "The server is not synced with its cluster (" + state + ")";
+    return false;
+  }
+  if (mysql_real_query(m, kNoWait.data(), kNoWait.size()) != 0) {
+    *failure = mysql_error(m);
+    return false;
+  }
+  return true;
+}
+
+void Link::Dial(std::size_t first) {
+  MYSQL* m = nullptr;
+  std::string failure;
+  if (params_.servers.empty()) {
+    // A socket named without a server is reached through the socket.
+    const bool by_socket = !params_.socket.empty() && !params_.server_given;
+    m = DialOne(by_socket ? "localhost" : params_.server.c_str(), params_.port, &failure);
+    if (m == nullptr) throw Error(errc::kProvider, failure);
+  } else {
+    const std::size_t n = params_.servers.size();
+    std::string failures;
+    for (std::size_t i = 0; i < n && m == nullptr; ++i) {
+      const std::size_t index = (first + i) % n;
+      const Endpoint& e = params_.servers[index];
+      m = DialOne(e.host.c_str(), e.port, &failure);
+      if (m != nullptr && !NodeReady(m, &failure)) {
+        mysql_close(m);
+        m = nullptr;
+      }
+      if (m != nullptr) {
+        server_index_ = index;
+      } else {
+        failures += (failures.empty() ? "" : "; ") + e.host + ":" + std::to_string(e.port) +
+                    ": " + failure;
+      }
+    }
+    if (m == nullptr) throw Error(errc::kProvider, "No server of the list is ready: " + failures);
   }
   mysql_ = m;
   dropped_ = false;
@@ -127,9 +202,20 @@ bool Link::PeerClosed() const {
 
 void Link::Ready() {
   if (mysql_ != nullptr && !dropped_ && !PeerClosed()) return;
+  // A wire given up on purpose (Abandon) is dialled again to the same server;
+  // a lost one to the next.
+  const bool lost = mysql_ != nullptr || dropped_;
+  const std::size_t was = server_index_;
   Hangup();
-  Dial();
+  Dial(params_.servers.empty() ? 0 : (was + (lost ? 1 : 0)) % params_.servers.size());
   ++reconnects_;
+  if (server_index_ != was) ++failovers_;
+}
+
+std::string Link::ServerInUse() const {
+  if (params_.servers.empty()) return params_.server + ":" + std::to_string(params_.port);
+  const Endpoint& e = params_.servers[server_index_];
+  return e.host + ":" + std::to_string(e.port);
 }
 
 void Link::Abandon(MYSQL_RES* result) {
@@ -145,13 +231,19 @@ void Link::Abandon(MYSQL_RES* result) {
 }
 
 void Link::NoteFailure() {
-  if (mysql_ != nullptr && Dropped(mysql_errno(mysql_))) dropped_ = true;
+  if (mysql_ != nullptr && Lost(mysql_errno(mysql_))) dropped_ = true;
+}
+
+bool Link::Lost(unsigned number) const {
+  // A cluster node that has left the primary component refuses everything
+  // until it is back: the next statement goes to another node.
+  return Dropped(number) || (number == ER_UNKNOWN_COM_ERROR && !params_.servers.empty());
 }
 
 void Link::ThrowLastError() {
   const unsigned number = mysql_errno(mysql_);
   const std::string message = mysql_error(mysql_);
-  if (Dropped(number)) dropped_ = true;
+  if (Lost(number)) dropped_ = true;
   // A value the column cannot take: the failure of a value that does not fit.
   if (number == ER_DATA_TOO_LONG || number == ER_WARN_DATA_OUT_OF_RANGE) {
     throw Error(errc::kMultipleStep, message);

@@ -9,6 +9,20 @@
 // socket that can be read while no statement is running (a poll, not a round
 // trip). A statement that failed is never sent again, and the rows of a
 // result are never read from any link but the one that ran it.
+//
+// A connection text may name the servers of a Galera cluster. The link then
+// connects to the first of them that answers and is synced with its cluster
+// (in the text's order, or from a random one), and a dropped link is replaced
+// by one to the next such server, counting round the list from the one that
+// was lost. Each wire to a cluster is made ready by three statements of the
+// link's own, sent before any statement of a caller and not shown to the
+// statement observer: the session waits for the cluster's writes once
+// (wsrep_sync_wait for one read), the node tells whether it is synced
+// (wsrep_ready, wsrep_local_state), and the wait is turned off again. So the
+// reads on a new wire see every write the cluster acknowledged before it,
+// the caller's own last ones among them, and later reads cost nothing extra.
+// A statement the node refused because it has left the cluster's primary
+// component fails as any other; the wire is then replaced before the next.
 #ifndef CORVANE_FRAME_INTERNAL_LINK_H_
 #define CORVANE_FRAME_INTERNAL_LINK_H_
 
@@ -61,6 +75,11 @@ class Link {
   bool Alive() const { return mysql_ != nullptr && !dropped_ && !PeerClosed(); }
   // How many times a dropped wire has been replaced.
   std::uint64_t reconnects() const { return reconnects_; }
+  // How many of those replacements went to another server of the list.
+  std::uint64_t failovers() const { return failovers_; }
+  // "host:port" of the server the wire goes to (of the last one it went to
+  // while it is down).
+  std::string ServerInUse() const;
 
   // Runs a statement. Returns its result when it has columns (streaming when
   // stream is true, else read whole), or null when it returns no rows. The
@@ -109,8 +128,14 @@ class Link {
   void Prepare();
   // Sends a statement that was handed to the observer already.
   MYSQL_RES* Send(std::string_view sql, bool stream);
-  // Opens a new handle with params_; throws on failure, leaving none.
-  void Dial();
+  // Opens a new handle with params_; throws on failure, leaving none. With a
+  // list of servers, the first ready one counting from server first.
+  void Dial(std::size_t first = 0);
+  // A handle to host:port, or null with the client's words in *failure.
+  MYSQL* DialOne(const char* host, unsigned port, std::string* failure);
+  // Whether the cluster node at the other end of m is synced and has seen
+  // the cluster's writes; says why not in *failure.
+  static bool NodeReady(MYSQL* m, std::string* failure);
   // Drops the handle (the streamer lets go of it first).
   void Hangup();
   // A wire that can take the next statement: the one there, or a new one
@@ -118,12 +143,16 @@ class Link {
   void Ready();
   // The server has closed its end, or sent something while nothing runs.
   bool PeerClosed() const;
+  // A failure after which the wire is to be replaced.
+  bool Lost(unsigned number) const;
 
   ConnectionParams params_;
   int connect_timeout_ = 0;
   bool open_ = false;
   bool dropped_ = false;
   std::uint64_t reconnects_ = 0;
+  std::uint64_t failovers_ = 0;
+  std::size_t server_index_ = 0;  // in params_.servers
   MYSQL* mysql_ = nullptr;
   Streamer* streamer_ = nullptr;
   unsigned char_width_ = 4;
