@@ -67,11 +67,14 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libcorvane1)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # A program built against 1.x needs at least the version it was built with:
-# a minor release only adds symbols.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+# a minor release only adds symbols (the shlibs file names the package of
+# every library with a SONAME). The dynamic linker's cache is renewed by the
+# ldconfig trigger.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
-"data layer of the Corvane manufacturing and sales management system
+"Corvane manufacturing and sales data layer - shared library
 Corvane is the data layer of a manufacturing and sales management system:
 seventeen repository classes that a desktop client creates and calls to read
 and write customers, sales people, customer studies, samples, quotations with
@@ -84,7 +87,7 @@ set(CPACK_DEBIAN_DEV_PACKAGE_NAME libcorvane-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libcorvane1 (= ${CORVANE_DEB_VERSION})")
 set(CPACK_COMPONENT_DEV_DESCRIPTION
-"data layer of the Corvane manufacturing and sales management system (development files)
+"Corvane manufacturing and sales data layer - development files
 Corvane is the data layer of a manufacturing and sales management system:
 seventeen repository classes that a desktop client creates and calls to read
 and write its records in a MariaDB or MySQL database.
@@ -96,7 +99,7 @@ pkg-config file corvane.pc.")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME corvane-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION database)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
-"tools of the Corvane manufacturing and sales management data layer
+"Corvane manufacturing and sales data layer - tools
 Corvane is the data layer of a manufacturing and sales management system:
 seventeen repository classes that a desktop client creates and calls to read
 and write its records in a MariaDB or MySQL database.
@@ -112,3 +115,15 @@ else()
 endif()
 
 include(CPack)
+
+# The test that installs the packages into this machine with apt-get, builds
+# the demo client against them alone and runs it on the sandbox server, then
+# removes them (root only; scripts/packages.sh configures it).
+option(CORVANE_TEST_PACKAGES "Test the Debian packages by installing them (needs root)" OFF)
+if(CORVANE_TEST_PACKAGES)
+  enable_testing()
+  add_test(NAME packages.InstallBuildAndRunTheDemo
+           COMMAND ${PROJECT_SOURCE_DIR}/tests/packages/packages_test.sh ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+  set_tests_properties(packages.InstallBuildAndRunTheDemo PROPERTIES
+    LABELS packages TIMEOUT 600 RUN_SERIAL ON)
+endif()
