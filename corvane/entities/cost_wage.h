@@ -1,4 +1,5 @@
-// clsEntBCosts: one wage of a cost estimate, a row of T_BCosts.
+/// \file
+/// clsEntBCosts: one wage of a cost estimate, a row of T_BCosts.
 #ifndef CORVANE_ENTITIES_COST_WAGE_H_
 #define CORVANE_ENTITIES_COST_WAGE_H_
 
@@ -6,10 +7,11 @@
 
 namespace corvane {
 
+/// One wage of a cost estimate, a row of T_BCosts.
 struct clsEntBCosts {
-  double EstNo = 0;          // F_EstNo: the estimate of T_BCosth, key
-  std::string WageItem;      // F_WageItem: the wage item, key
-  double Wage = 0;           // F_Wage
+  double EstNo = 0;          ///< F_EstNo: the estimate of T_BCosth, key
+  std::string WageItem;      ///< F_WageItem: the wage item, key
+  double Wage = 0;           ///< F_Wage
 };
 
 }  // namespace corvane

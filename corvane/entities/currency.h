@@ -1,4 +1,5 @@
-// clsEntSCurrency: a currency of the finance system, a row of t_scurrency.
+/// \file
+/// clsEntSCurrency: a currency of the finance system, a row of t_scurrency.
 #ifndef CORVANE_ENTITIES_CURRENCY_H_
 #define CORVANE_ENTITIES_CURRENCY_H_
 
@@ -6,9 +7,10 @@
 
 namespace corvane {
 
+/// A currency of the finance system, a row of t_scurrency.
 struct clsEntSCurrency {
-  std::string CurrencyID;    // F_CurrencyID, the key quotations refer to
-  std::string CurrencyName;  // F_CurrencyName
+  std::string CurrencyID;    ///< F_CurrencyID, the key quotations refer to
+  std::string CurrencyName;  ///< F_CurrencyName
 };
 
 }  // namespace corvane

@@ -1,4 +1,5 @@
-// clsEntEGoodsType: one goods type of t_egoodstype.
+/// \file
+/// clsEntEGoodsType: one goods type of t_egoodstype.
 #ifndef CORVANE_ENTITIES_GOODS_TYPE_H_
 #define CORVANE_ENTITIES_GOODS_TYPE_H_
 
@@ -6,8 +7,9 @@
 
 namespace corvane {
 
+/// One goods type of t_egoodstype.
 struct clsEntEGoodsType {
-  std::string GoodStype;  // F_GoodStype
+  std::string GoodStype;  ///< F_GoodStype
 };
 
 }  // namespace corvane

@@ -1,4 +1,5 @@
-// clsEntBOrderType: one order type, a row of T_BOrderType.
+/// \file
+/// clsEntBOrderType: one order type, a row of T_BOrderType.
 #ifndef CORVANE_ENTITIES_ORDER_TYPE_H_
 #define CORVANE_ENTITIES_ORDER_TYPE_H_
 
@@ -6,8 +7,9 @@
 
 namespace corvane {
 
+/// One order type, a row of T_BOrderType.
 struct clsEntBOrderType {
-  std::string OrderType;  // F_OrderType, the key
+  std::string OrderType;  ///< F_OrderType, the key
 };
 
 }  // namespace corvane
