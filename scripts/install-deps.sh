@@ -2,11 +2,12 @@
 # Installs what building, testing and the demo need, where it is missing:
 # a C++20 compiler, CMake, pkg-config, MariaDB Connector/C, the MariaDB server,
 # GoogleTest, and clang with its sanitizer and libFuzzer runtimes for
-# scripts/fuzz.sh (Debian packages).
+# scripts/fuzz.sh, dpkg-dev and lintian for the Debian packages, Doxygen for
+# the API reference (Debian packages).
 set -euo pipefail
 
 packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev
-          clang libclang-rt-14-dev)
+          clang libclang-rt-14-dev dpkg-dev lintian doxygen)
 missing=()
 for p in "${packages[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
