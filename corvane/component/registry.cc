@@ -20,7 +20,8 @@ namespace corvane::component {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::ordered_json;
+// Sections are held by reference while others are added: std::map keeps them in place.
+using Json = nlohmann::json;
 
 std::string Env(const char* name) {
   const char* value = std::getenv(name);
