@@ -122,6 +122,22 @@ Json ArrayToJson(SAFEARRAY* array) {
   return out;
 }
 
+// The empty value of a scalar type: "", 0, the zero date, false, Empty.
+VARIANT EmptyOf(const std::string& type, const std::string& what) {
+  VARIANT out;
+  VariantInit(&out);
+  if (type == "BSTR") {
+    out.vt = VT_BSTR;
+    out.bstrVal = automation::ToBstr("");
+  } else if (type == "R8" || type == "DATE" || type == "I2" || type == "I4" || type == "BOOL") {
+    out.vt = type == "R8" ? VT_R8 : type == "DATE" ? VT_DATE : type == "I2" ? VT_I2
+             : type == "I4" ? VT_I4 : VT_BOOL;
+  } else if (type != "VARIANT") {
+    throw UsageError(what + ": unknown type " + type);
+  }
+  return out;
+}
+
 }  // namespace
 
 VARIANT ScalarFromJson(const Json& json, const std::string& type, const std::string& what) {
@@ -340,9 +356,13 @@ void Argument::Fill(const Json* json) {
     VARTYPE element = VT_EMPTY;
     SafeArrayGetVartype(value_.parray, &element);
     value_.vt = static_cast<VARTYPE>(VT_ARRAY | element);
-  } else {
-    if (json == nullptr) throw UsageError("missing " + what + " (" + type + ")");
+  } else if (json != nullptr) {
     value_ = ScalarFromJson(*json, type, what);
+  } else if (spec.byref) {
+    // Left out: the empty value of its type, for the method to set.
+    value_ = EmptyOf(type, what);
+  } else {
+    throw UsageError("missing " + what + " (" + type + ")");
   }
 }
 

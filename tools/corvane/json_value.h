@@ -21,8 +21,10 @@ using Json = nlohmann::ordered_json;
 class Argument {
  public:
   // From the JSON given; json null means the argument was left out, which
-  // only an entity, a collection or an array may be (it is then empty).
-  // Throws UsageError when the JSON is no value of the argument's type.
+  // only a by-reference argument, an entity, a collection or an array may be:
+  // it is then passed empty ("", 0, the zero date, false, Empty, an entity
+  // of default properties, no items). Throws UsageError when the JSON is no
+  // value of the argument's type.
   Argument(const ArgSpec& spec, const Json* json);
   ~Argument();
   Argument(const Argument&) = delete;

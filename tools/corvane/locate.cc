@@ -56,7 +56,7 @@ std::string FallbackModule() {
     const fs::path dir = self.parent_path();
     for (const fs::path& candidate :
          {dir / kModuleName, dir / ".." / CORVANE_CLI_LIBDIR / kModuleName,
-          dir / ".." / "lib" / kModuleName}) {
+          dir / ".." / "lib" / kModuleName, dir / ".." / kModuleName}) {
       if (fs::exists(candidate, ec)) return fs::weakly_canonical(candidate, ec).string();
     }
   }

@@ -6,8 +6,8 @@
 // "Corvane.<class>" is loaded from the module the registry names, and the
 // type library is the one registered as "Corvane". Otherwise the module is
 // the file CORVANE_COMPONENT names, else libcorvane_component.so beside the
-// tool or in the library folder of its installation; the type library is
-// corvane.tlb.json beside that module.
+// tool, in the library folder of its installation, or in the folder above it
+// (the build tree); the type library is corvane.tlb.json beside that module.
 #ifndef CORVANE_TOOLS_CORVANE_LOCATE_H_
 #define CORVANE_TOOLS_CORVANE_LOCATE_H_
 

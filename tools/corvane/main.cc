@@ -72,8 +72,9 @@ int Run(int argc, char** argv) {
   app.require_subcommand(1);
   app.footer(
       "Arguments of call are JSON, one per method argument in order: entities as objects, "
-      "collections as arrays of objects, arrays as arrays; a text may be given bare. An entity, "
-      "collection or array left out at the end is passed empty.\n"
+      "collections as arrays of objects, arrays as arrays; a text may be given bare. Arguments "
+      "left out at the end are passed empty when they are by reference, an entity, a "
+      "collection or an array.\n"
       "The connection: --connect, else CORVANE_CONNECT, else my.ini.\n"
       "The component: the registry file (CORVANE_REGISTRY, else "
       "$XDG_DATA_HOME/corvane/registry.json, else ~/.local/share/corvane/registry.json), "
@@ -94,7 +95,10 @@ int Run(int argc, char** argv) {
   call->add_flag("--trace", request.trace, "also print the statements sent");
   call->add_option("CLASS", request.class_name, "the class, e.g. clsDataBOrderType")->required();
   call->add_option("METHOD", request.method, "the method, e.g. QueryAll")->required();
-  call->add_option("ARG", request.args, "the arguments, as JSON");
+  // The arguments are taken as they stand (the parser would read "[]" and
+  // "{}" as empty lists, and "-1" as an option).
+  call->allow_extras();
+  call->footer("ARG...: the method's arguments in order, each one JSON text.");
 
   try {
     app.parse(argc, argv);
@@ -114,6 +118,7 @@ int Run(int argc, char** argv) {
     } else if (app.got_subcommand("describe")) {
       out = Describe(describe_name);
     } else {
+      request.args = call->remaining();
       if (connect.empty()) {
         if (const char* env = std::getenv("CORVANE_CONNECT")) connect = env;
       }
