@@ -105,7 +105,12 @@ std::vector<Json> ParseArguments(const MethodSpec& method, const std::vector<std
 }
 
 Json Call(const CallRequest& request) {
-  const ModuleLocation where = Locate(request.class_name);
+  // "Corvane.<class>" or the class's name alone.
+  std::string class_name = request.class_name;
+  if (class_name.size() > 8 && SameName(class_name.substr(0, 8), "Corvane.")) {
+    class_name.erase(0, 8);
+  }
+  const ModuleLocation where = Locate(class_name);
   const TypeLibrary library = TypeLibrary::Load(where.typelib);
   const ClassSpec* cls = library.FindClass(request.class_name);
   if (cls == nullptr) throw UsageError("no class " + request.class_name + " in " + where.typelib);
