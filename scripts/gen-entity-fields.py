@@ -3,7 +3,8 @@
 every entity struct in corvane/entities/, from the structs themselves: one
 property per member, by the member's name, in member order. The types are
 taken from the members by the compiler. Run it again after an entity changes;
-the output is committed."""
+the output is committed. With --check it only tells whether the committed
+file is what it would write (exit status 1 when not)."""
 import pathlib
 import re
 import sys
@@ -79,7 +80,12 @@ def main():
     out.append("}  // namespace corvane::automation::internal")
     out.append("")
     out.append("#endif  // CORVANE_AUTOMATION_INTERNAL_ENTITY_FIELDS_H_")
-    OUT.write_text("\n".join(out) + "\n")
+    text = "\n".join(out) + "\n"
+    if "--check" in sys.argv[1:]:
+        if OUT.read_text() != text:
+            sys.exit(f"{OUT} is out of date: run {pathlib.Path(__file__).name}")
+        return
+    OUT.write_text(text)
 
 
 if __name__ == "__main__":
