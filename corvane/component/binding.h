@@ -648,7 +648,7 @@ struct Bind<M, P...> {
     // Each argument in call order; the first refused one stops the call.
     (void)((SUCCEEDED(hr = Arg<A>::In(args[I], kPass[I], std::get<I>(holders), context,
                                       refusal)) ||
-            (refusal->arg = static_cast<UINT>(I), false)) &&
+            (refusal->arg = static_cast<UINT>(I), refusal->on_arg = true, false)) &&
            ...);
     if (FAILED(hr)) return hr;
     R value = (self->*M)(Arg<A>::Give(std::get<I>(holders))...);

@@ -142,7 +142,8 @@ TEST_F(ComponentBoundary, AnArgumentOfTheWrongTypeIsRefusedBeforeAnythingIsSent)
                  {Dispatch(entity.get()), ByRef(VT_BSTR, &no), I4(70000)}, &result, &info, &err),
             DISP_E_OVERFLOW);
   EXPECT_EQ(err, 0u);
-  EXPECT_EQ(Words(info, "Corvane.clsDataBOutMakeh"), "UpdateRecord, argument UpdateCondition: Overflow");
+  EXPECT_EQ(Words(info, "Corvane.clsDataBOutMakeh"),
+            "UpdateRecord, argument UpdateCondition: Overflow");
   SysFreeString(no);
 
   // A by-reference argument of another type cannot take the value back.
@@ -163,6 +164,14 @@ TEST_F(ComponentBoundary, AnArgumentOfTheWrongTypeIsRefusedBeforeAnythingIsSent)
             E_POINTER);
   EXPECT_EQ(Words(info, "Corvane.clsDataBOrderh"),
             "QueryForPreMoney, argument Entity: Object required");
+
+  // Early-bound, the slot gives the same HRESULT.
+  IDispatch* none = nullptr;
+  std::int16_t r = -1;
+  auto fn = Slot<HRESULT (*)(IDispatch*, IDispatch**, std::int16_t*)>(orderType.get(), 7);
+  EXPECT_EQ(fn(orderType.get(), &none, &r), E_POINTER);
+  EXPECT_EQ(fn(orderType.get(), &none, nullptr), E_POINTER);
+  EXPECT_EQ(r, -1);
 
   EXPECT_TRUE(Commands().empty());
   EXPECT_TRUE(Reports().empty());
@@ -243,7 +252,8 @@ SAFEARRAY* TextArray(const Strings& texts) {
 
 TEST_F(ComponentBoundary, AnArrayByReferenceIsWrittenBack) {
   db().Exec("insert into t_bcosth (F_EstNo,F_EstDate,F_ItemNo,F_CustNo) values "
-            "(20240315001,'2024-03-15','GEAR-40','C001'),(20240315002,'2024-03-15','BOLT-3','C002')");
+            "(20240315001,'2024-03-15','GEAR-40','C001'),"
+            "(20240315002,'2024-03-15','BOLT-3','C002')");
   Strings expected{"x", "y"};
   {
     clsDataBCosth repo;
