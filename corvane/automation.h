@@ -414,6 +414,14 @@ CORVANE_EXPORT HRESULT SafeArrayCopy(SAFEARRAY* psa, SAFEARRAY** ppsaOut);
 CORVANE_EXPORT HRESULT CorvaneCreateEntity(const char* name, IDispatch** ppEntity);
 CORVANE_EXPORT HRESULT CorvaneCreateCollection(IDispatch** ppCollection);
 
+/* ---- Host configuration for C programs (libcorvane.so) ------------------ */
+
+/* The connection text of the business database, UTF-8: items "SERVER=",
+ * "PORT=", "SOCKET=", "DATABASE=", "UID=", "PWD=" separated by ";". Until it
+ * is set, or after an empty or null text, sessions read my.ini. The same
+ * setting as corvane::SetSessionConnectionString in C++. */
+CORVANE_EXPORT void CorvaneSetConnectionString(const char* text);
+
 /* ---- The component module (libcorvane_component.so) --------------------- */
 
 /* The module exports exactly these four, with C linkage. */

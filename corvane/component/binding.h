@@ -459,7 +459,7 @@ template <class E>
 struct Arg<std::shared_ptr<E>&> {
   struct Holder {
     std::shared_ptr<E> value;
-    const E* before = nullptr;
+    std::shared_ptr<E> before;  // kept alive, so that no new entity takes its address
     IDispatch* object = nullptr;
   };
   static constexpr bool kCollection = false;
@@ -474,12 +474,12 @@ struct Arg<std::shared_ptr<E>&> {
       hr = automation::ReadEntity(h.object, *h.value);
       if (FAILED(hr)) return BridgeRefusal(hr, "The entity's properties cannot be read", refusal);
     }
-    h.before = h.value.get();
+    h.before = h.value;
     return S_OK;
   }
   static std::shared_ptr<E>& Give(Holder& h) { return h.value; }
   static void Out(VARIANT* arg, Pass, Holder& h, CallContext& context) {
-    if (h.value.get() == h.before) {
+    if (h.value == h.before) {
       if (h.value != nullptr) automation::WriteEntity(*h.value, h.object);
       return;
     }
@@ -648,7 +648,7 @@ struct Bind<M, P...> {
     // Each argument in call order; the first refused one stops the call.
     (void)((SUCCEEDED(hr = Arg<A>::In(args[I], kPass[I], std::get<I>(holders), context,
                                       refusal)) ||
-            (refusal->arg = static_cast<UINT>(I), false)) &&
+            (refusal->arg = static_cast<UINT>(I), refusal->on_arg = true, false)) &&
            ...);
     if (FAILED(hr)) return hr;
     R value = (self->*M)(Arg<A>::Give(std::get<I>(holders))...);

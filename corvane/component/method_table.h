@@ -36,6 +36,7 @@ struct ArgInfo {
 // in call order) and the words for EXCEPINFO.
 struct Refusal {
   HRESULT hr = S_OK;
+  bool on_arg = false;  // whether arg names the argument refused
   UINT arg = 0;
   std::string description;
 };

@@ -122,7 +122,7 @@ void FillExcepInfo(const Object* self, const Refusal& refusal, EXCEPINFO* info) 
 }
 
 HRESULT Refuse(const Object* self, HRESULT hr, std::string description, EXCEPINFO* info) {
-  FillExcepInfo(self, Refusal{hr, 0, std::move(description)}, info);
+  FillExcepInfo(self, Refusal{hr, false, 0, std::move(description)}, info);
   return hr;
 }
 
@@ -198,10 +198,14 @@ HRESULT ObjectInvoke(Object* self, DISPID dispIdMember, REFIID riid, LCID, WORD 
   const HRESULT hr = RunCall(self->repository.get(), method.call, args.data(), &result, &refusal);
   if (FAILED(hr)) {
     if (refusal.description.empty()) refusal.description = "The call was refused";
-    refusal.description = std::string(method.name) + ", argument " +
-                          std::string(method.args.empty() ? "" : method.args[refusal.arg].name) +
-                          ": " + refusal.description;
-    if (puArgErr != nullptr && refusal.arg < count) *puArgErr = where[refusal.arg];
+    if (refusal.on_arg && refusal.arg < count) {
+      refusal.description = std::string(method.name) + ", argument " +
+                            std::string(method.args[refusal.arg].name) + ": " +
+                            refusal.description;
+      if (puArgErr != nullptr) *puArgErr = where[refusal.arg];
+    } else {
+      refusal.description = std::string(method.name) + ": " + refusal.description;
+    }
     FillExcepInfo(self, refusal, pExcepInfo);
     return hr;
   }
@@ -301,7 +305,7 @@ HRESULT CreateObject(const ClassInfo& cls, REFIID riid, void** ppv) {
     return E_FAIL;
   }
   g_living.fetch_add(1);
-  Object* raw = object.release();
+  Object* raw = object.release();  // from here on its references decide its life
   const HRESULT hr = ObjectQueryInterface(raw, riid, ppv);
   ObjectRelease(raw);  // the reference of the creation; the caller's stays if it asked well
   return hr;
@@ -310,8 +314,15 @@ HRESULT CreateObject(const ClassInfo& cls, REFIID riid, void** ppv) {
 HRESULT CreateFactory(const ClassInfo& cls, REFIID riid, void** ppv) {
   if (ppv == nullptr) return E_POINTER;
   *ppv = nullptr;
-  Factory* factory = new (std::nothrow) Factory{kFactoryVtable, {1}, &cls};
-  if (factory == nullptr) return E_OUTOFMEMORY;
+  Factory* factory = nullptr;
+  try {
+    auto made = std::make_unique<Factory>();
+    made->vtbl = kFactoryVtable;
+    made->cls = &cls;
+    factory = made.release();  // from here on its references decide its life
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
   g_living.fetch_add(1);
   const HRESULT hr = FactoryQueryInterface(factory, riid, ppv);
   FactoryRelease(factory);

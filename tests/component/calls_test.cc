@@ -4,6 +4,8 @@
 // three send the same statements, give the same result and fill the same
 // entities and collections.
 #include <cstdint>
+#include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -558,6 +560,32 @@ TEST_F(ComponentCalls, SampleQueryEGoodsType) {
   EXPECT_EQ(got, expected);
   Same(Take(), cpp);
   EXPECT_EQ(Count(early.get()), 2);
+}
+
+// examples/late_bound.c, a C program, makes the same call late-bound.
+TEST_F(ComponentCalls, TheCExampleCallsQueryAllLateBound) {
+  const std::string program = std::string(CORVANE_BINARY_DIR) + "/examples/corvane_late_bound";
+  if (!std::filesystem::exists(program)) GTEST_SKIP() << "examples not built";
+  db().Exec("insert into t_bordertype values ('export'),('domestic'),('样品')");
+  clsDataBOrderType repo;
+  Collection<clsEntBOrderType> items;
+  ASSERT_EQ(repo.QueryAll(&items), 0);
+  std::string expected = "QueryAll gave 0\n3 order type(s)\n";
+  for (std::size_t i = 1; i <= items.Count(); ++i) {
+    expected += std::to_string(i) + ": " + items.Item(i).OrderType + "\n";
+  }
+  expected += "DllCanUnloadNow: S_OK\n";
+  const std::string command = "CORVANE_CONNECT='" +
+                              ServerAddress::FromEnvironment().ConnectionText(database()) + "' " +
+                              program + " " + ModulePath();
+  FILE* pipe = popen(command.c_str(), "r");
+  ASSERT_NE(pipe, nullptr);
+  std::string output;
+  char buffer[256];
+  std::size_t n;
+  while ((n = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, n);
+  EXPECT_EQ(pclose(pipe), 0);
+  EXPECT_EQ(output, expected);
 }
 
 }  // namespace

@@ -180,8 +180,12 @@ inline HRESULT Late(IDispatch* d, const std::string& name, std::vector<VARIANT> 
                     static_cast<UINT>(reversed.size()), 0};
   EXCEPINFO local{};
   UINT err = 0;
-  return d->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result,
-                   info == nullptr ? &local : info, arg_err == nullptr ? &err : arg_err);
+  hr = d->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, result,
+                 info == nullptr ? &local : info, arg_err == nullptr ? &err : arg_err);
+  SysFreeString(local.bstrSource);
+  SysFreeString(local.bstrDescription);
+  SysFreeString(local.bstrHelpFile);
+  return hr;
 }
 
 // The early-bound slot of index (7 is the first method) as a function.

@@ -351,7 +351,10 @@ TEST_F(ComponentObjects, TheTypeLibraryListsEveryMethodOfEveryClassInSlotOrder) 
   const Json& read = byName["clsDataBPriceAttach"]["interface"]["methods"][0];
   EXPECT_EQ(read["result"], "BSTR");
   EXPECT_EQ(read["args"][0],
-            (Json{{"name", "AttachArray"}, {"type", "ARRAY"}, {"byref", true}, {"element", "UI1"}}));
+            (Json{{"name", "AttachArray"},
+                  {"type", "ARRAY"},
+                  {"byref", true},
+                  {"element", "UI1"}}));
   EXPECT_EQ(read["args"][2], (Json{{"name", "QuotNo"}, {"type", "R8"}, {"byref", false}}));
   // The entities with their properties.
   bool found = false;
