@@ -168,6 +168,7 @@ CORVANE_GUID_CONST(IID__clsDataBSample, 0xe2cfef45, 0x8a63, 0x5247, 0xbd, 0x27, 
 #define DISP_E_EXCEPTION ((HRESULT)0x80020009L)
 #define DISP_E_OVERFLOW ((HRESULT)0x8002000AL)
 #define DISP_E_BADINDEX ((HRESULT)0x8002000BL)
+#define DISP_E_ARRAYISLOCKED ((HRESULT)0x8002000DL)
 #define DISP_E_BADPARAMCOUNT ((HRESULT)0x8002000EL)
 #define DISP_E_PARAMNOTOPTIONAL ((HRESULT)0x8002000FL)
 #define TYPE_E_ELEMENTNOTFOUND ((HRESULT)0x8002802BL)
@@ -243,6 +244,8 @@ typedef struct SAFEARRAY {
 #define FADF_BSTR 0x0100
 #define FADF_VARIANT 0x0800
 #define FADF_HAVEVARTYPE 0x0080
+#define FADF_UNKNOWN 0x0200
+#define FADF_DISPATCH 0x0400
 
 typedef struct CY {
   LONGLONG int64;
@@ -388,6 +391,9 @@ CORVANE_EXPORT UINT SysStringByteLen(BSTR bstr);
 CORVANE_EXPORT void VariantInit(VARIANTARG* pvarg);
 CORVANE_EXPORT HRESULT VariantClear(VARIANTARG* pvarg);
 CORVANE_EXPORT HRESULT VariantCopy(VARIANTARG* pvargDest, const VARIANTARG* pvargSrc);
+/* As VariantCopy, but a by-reference source is copied as the value it
+ * points at. */
+CORVANE_EXPORT HRESULT VariantCopyInd(VARIANT* pvarDest, const VARIANTARG* pvargSrc);
 
 CORVANE_EXPORT SAFEARRAY* SafeArrayCreateVector(VARTYPE vt, LONG lLbound, ULONG cElements);
 CORVANE_EXPORT HRESULT SafeArrayDestroy(SAFEARRAY* psa);
@@ -395,6 +401,10 @@ CORVANE_EXPORT HRESULT SafeArrayAccessData(SAFEARRAY* psa, void** ppvData);
 CORVANE_EXPORT HRESULT SafeArrayUnaccessData(SAFEARRAY* psa);
 CORVANE_EXPORT HRESULT SafeArrayGetLBound(SAFEARRAY* psa, UINT nDim, LONG* plLbound);
 CORVANE_EXPORT HRESULT SafeArrayGetUBound(SAFEARRAY* psa, UINT nDim, LONG* plUbound);
+/* The element type an array was created with. */
+CORVANE_EXPORT HRESULT SafeArrayGetVartype(SAFEARRAY* psa, VARTYPE* pvt);
+/* A deep copy: text copied, objects added a reference, variants copied. */
+CORVANE_EXPORT HRESULT SafeArrayCopy(SAFEARRAY* psa, SAFEARRAY** ppsaOut);
 
 /* The library's own entity objects and collection (libcorvane.so). name is
  * the entity class's name in UTF-8, "clsEntBOrderh" say; an unknown name
@@ -403,6 +413,14 @@ CORVANE_EXPORT HRESULT SafeArrayGetUBound(SAFEARRAY* psa, UINT nDim, LONG* plUbo
  * Remove(index). */
 CORVANE_EXPORT HRESULT CorvaneCreateEntity(const char* name, IDispatch** ppEntity);
 CORVANE_EXPORT HRESULT CorvaneCreateCollection(IDispatch** ppCollection);
+
+/* ---- Host configuration for C programs (libcorvane.so) ------------------ */
+
+/* The connection text of the business database, UTF-8: items "SERVER=",
+ * "PORT=", "SOCKET=", "DATABASE=", "UID=", "PWD=" separated by ";". Until it
+ * is set, or after an empty or null text, sessions read my.ini. The same
+ * setting as corvane::SetSessionConnectionString in C++. */
+CORVANE_EXPORT void CorvaneSetConnectionString(const char* text);
 
 /* ---- The component module (libcorvane_component.so) --------------------- */
 

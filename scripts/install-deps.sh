@@ -7,7 +7,7 @@
 set -euo pipefail
 
 packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev
-          clang libclang-rt-14-dev dpkg-dev lintian doxygen)
+          clang libclang-rt-14-dev dpkg-dev lintian doxygen galera-4 rsync nlohmann-json3-dev libcli11-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
