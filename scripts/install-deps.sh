@@ -3,7 +3,8 @@
 # a C++20 compiler, CMake, pkg-config, MariaDB Connector/C, the MariaDB server,
 # GoogleTest, and clang with its sanitizer and libFuzzer runtimes for
 # scripts/fuzz.sh, dpkg-dev and lintian for the Debian packages, Doxygen for
-# the API reference (Debian packages).
+# the API reference, Galera and rsync for the cluster, nlohmann-json and CLI11
+# for the command-line tool (Debian packages).
 set -euo pipefail
 
 packages=(g++ make cmake pkg-config libmariadb-dev mariadb-server mariadb-client libgtest-dev libbenchmark-dev
