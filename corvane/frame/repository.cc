@@ -103,8 +103,7 @@ Variant NzValue::Get() const {
   return fallback_ != nullptr ? *fallback_ : Variant(fallback_chars_);
 }
 
-std::string NzValue::CStr() && {
-  if (has_stored_text_) return std::string(stored_text_);
+std::string NzValue::ConvertToText() && {
   if (null_) {
     if (fallback_chars_ != nullptr) return std::string(fallback_chars_);
   } else {

@@ -49,7 +49,10 @@ class CORVANE_EXPORT NzValue {
 
   /// As text, read straight from the row when the field was not null; the
   /// failures of Variant::CStr.
-  std::string CStr() &&;
+  std::string CStr() && {
+    if (has_stored_text_) return std::string(stored_text_);
+    return std::move(*this).ConvertToText();
+  }
   /// As a double, with the failures of Variant::CDbl.
   double CDbl() && { return Get().CDbl(); }
   /// As a 16-bit integer, with the failures of Variant::CInt.
@@ -76,6 +79,8 @@ class CORVANE_EXPORT NzValue {
       : field_(field), stored_text_(stored_text), has_stored_text_(true) {}
   // The value as the runtime has it.
   Variant Get() const;
+  // CStr() where the cell's characters are not at hand.
+  std::string ConvertToText() &&;
 
   Field field_;
   const Variant* fallback_ = nullptr;
