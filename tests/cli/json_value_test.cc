@@ -16,9 +16,9 @@
 namespace corvane::cli {
 namespace {
 
-ArgSpec Spec(std::string name, std::string type, bool byref, std::string entity = "",
+ArgumentInfo Info(std::string name, std::string type, bool byref, std::string entity = "",
              std::string element = "") {
-  return ArgSpec{std::move(name), std::move(type), byref, std::move(entity), std::move(element)};
+  return ArgumentInfo{std::move(name), std::move(type), byref, std::move(entity), std::move(element)};
 }
 
 TEST(CliJson, ScalarsConvertAsTheRuntimeDoes) {
@@ -90,7 +90,7 @@ TEST(CliJson, OutputOfValues) {
 TEST(CliJson, EntityArgumentByReferenceIsTheLibrarysObject) {
   const Json given = Json::parse(R"({"orderno": 20261123001, "CustNo": "C-1",
                                      "OrderDate": "2026-11-23", "payday": 30})");
-  Argument arg(Spec("Entity", "ENTITY", true, "clsEntBOrderh"), &given);
+  Argument arg(Info("Entity", "ENTITY", true, "clsEntBOrderh"), &given);
   VARIANT passed = arg.Passed();
   ASSERT_EQ(passed.vt, VT_BYREF | VT_DISPATCH);
   IDispatch* obj = *passed.ppdispVal;
@@ -114,7 +114,7 @@ TEST(CliJson, EntityArgumentByReferenceIsTheLibrarysObject) {
 
 TEST(CliJson, CollectionArgumentHoldsEntityObjects) {
   const Json given = Json::parse(R"([{"OrderType": "A"}, {"OrderType": "B"}])");
-  Argument arg(Spec("objColl", "COLLECTION", true, "clsEntBOrderType"), &given);
+  Argument arg(Info("objColl", "COLLECTION", true, "clsEntBOrderType"), &given);
   VARIANT passed = arg.Passed();
   ASSERT_EQ(passed.vt, VT_BYREF | VT_DISPATCH);
   IDispatch* added = nullptr;
@@ -126,16 +126,16 @@ TEST(CliJson, CollectionArgumentHoldsEntityObjects) {
   added->Release();
   EXPECT_EQ(arg.After(), Json::parse(R"([{"OrderType": "A"}, {"OrderType": "B"},
                                          {"OrderType": "C"}])"));
-  Argument empty(Spec("objColl", "COLLECTION", true, "clsEntBOrderType"), nullptr);
+  Argument empty(Info("objColl", "COLLECTION", true, "clsEntBOrderType"), nullptr);
   EXPECT_EQ(empty.After(), Json::array());
   const Json wrong = Json::parse(R"([{"Nothing": 1}])");
-  EXPECT_THROW(Argument(Spec("objColl", "COLLECTION", true, "clsEntBOrderType"), &wrong),
+  EXPECT_THROW(Argument(Info("objColl", "COLLECTION", true, "clsEntBOrderType"), &wrong),
                UsageError);
 }
 
 TEST(CliJson, ArrayArgumentsOfEachElementType) {
   const Json numbers = Json::parse("[0, 1.5, \"2\"]");
-  Argument r8(Spec("a", "ARRAY", true, "", "R8"), &numbers);
+  Argument r8(Info("a", "ARRAY", true, "", "R8"), &numbers);
   VARIANT passed = r8.Passed();
   ASSERT_EQ(passed.vt, VT_BYREF | VT_ARRAY | VT_R8);
   SAFEARRAY* array = *passed.pparray;
@@ -146,36 +146,36 @@ TEST(CliJson, ArrayArgumentsOfEachElementType) {
   EXPECT_EQ(r8.After(), Json::parse("[0, 1.5, 2]"));
 
   const Json texts = Json::parse(R"(["", "A1"])");
-  Argument bstr(Spec("a", "ARRAY", true, "", "BSTR"), &texts);
+  Argument bstr(Info("a", "ARRAY", true, "", "BSTR"), &texts);
   EXPECT_EQ(bstr.After(), texts);
   const Json bytes = Json::parse("[0, 255]");
-  Argument ui1(Spec("a", "ARRAY", true, "", "UI1"), &bytes);
+  Argument ui1(Info("a", "ARRAY", true, "", "UI1"), &bytes);
   EXPECT_EQ(ui1.After(), bytes);
   const Json too_big = Json::parse("[256]");
-  EXPECT_THROW(Argument(Spec("a", "ARRAY", true, "", "UI1"), &too_big), UsageError);
-  Argument none(Spec("a", "ARRAY", true, "", "BSTR"), nullptr);
+  EXPECT_THROW(Argument(Info("a", "ARRAY", true, "", "UI1"), &too_big), UsageError);
+  Argument none(Info("a", "ARRAY", true, "", "BSTR"), nullptr);
   EXPECT_EQ(none.After(), Json::array());
 }
 
 TEST(CliJson, ScalarsByValueAndByReference) {
   const Json text("abc");
-  Argument by_value(Spec("t", "BSTR", false), &text);
+  Argument by_value(Info("t", "BSTR", false), &text);
   VARIANT v = by_value.Passed();
   ASSERT_EQ(v.vt, VT_BSTR);
-  Argument by_ref(Spec("t", "BSTR", true), &text);
+  Argument by_ref(Info("t", "BSTR", true), &text);
   VARIANT r = by_ref.Passed();
   ASSERT_EQ(r.vt, VT_BYREF | VT_BSTR);
   // The callee replaces the text through the reference.
   SysFreeString(*r.pbstrVal);
   *r.pbstrVal = automation::ToBstr("changed");
   EXPECT_EQ(by_ref.After(), Json("changed"));
-  Argument variant(Spec("v", "VARIANT", true), &text);
+  Argument variant(Info("v", "VARIANT", true), &text);
   VARIANT vr = variant.Passed();
   EXPECT_EQ(vr.vt, VT_BYREF | VT_VARIANT);
   EXPECT_EQ(vr.pvarVal->vt, VT_BSTR);
-  Argument left_out(Spec("d", "DATE", true), nullptr);
+  Argument left_out(Info("d", "DATE", true), nullptr);
   EXPECT_EQ(left_out.After(), Json("1899-12-30"));
-  EXPECT_THROW(Argument(Spec("d", "DATE", false), nullptr), UsageError);
+  EXPECT_THROW(Argument(Info("d", "DATE", false), nullptr), UsageError);
 }
 
 TEST(CliTypeLibrary, ParsesClassesMethodsAndArguments) {
@@ -188,9 +188,9 @@ TEST(CliTypeLibrary, ParsesClassesMethodsAndArguments) {
           "args": [{"name": "Entity", "type": "ENTITY", "byref": true, "entity": "clsEntBOrderType"},
                    {"name": "PrdNo", "type": "BSTR", "byref": true}]}]}}],
     "entities": [{"name": "clsEntBOrderType", "properties": [{"name": "OrderType", "type": "BSTR"}]}]})"));
-  const ClassSpec* cls = lib.FindClass("corvane.clsdatabordertype");
+  const ClassInfo* cls = lib.FindClass("corvane.clsdatabordertype");
   ASSERT_NE(cls, nullptr);
-  const MethodSpec* m = FindMethod(*cls, "updaterecord");
+  const MethodInfo* m = FindMethod(*cls, "updaterecord");
   ASSERT_NE(m, nullptr);
   EXPECT_EQ(m->dispid, 4);
   EXPECT_EQ(m->slot, 10);

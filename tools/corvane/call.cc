@@ -84,19 +84,19 @@ bool ParseGuid(const std::string& text, GUID* guid) {
   return true;
 }
 
-std::vector<Json> ParseArguments(const MethodSpec& method, const std::vector<std::string>& texts) {
+std::vector<Json> ParseArguments(const MethodInfo& method, const std::vector<std::string>& texts) {
   if (texts.size() > method.args.size()) {
     throw UsageError(method.name + " takes " + std::to_string(method.args.size()) +
                      " argument(s), " + std::to_string(texts.size()) + " given");
   }
   std::vector<Json> out;
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    const ArgSpec& spec = method.args[i];
+    const ArgumentInfo& info = method.args[i];
     try {
       out.push_back(Json::parse(texts[i]));
     } catch (const nlohmann::json::exception&) {
-      if (spec.type != "BSTR" && spec.type != "VARIANT") {
-        throw UsageError("argument " + spec.name + " (" + spec.type + "): no JSON: " + texts[i]);
+      if (info.type != "BSTR" && info.type != "VARIANT") {
+        throw UsageError("argument " + info.name + " (" + info.type + "): no JSON: " + texts[i]);
       }
       out.emplace_back(texts[i]);  // bare text
     }
@@ -112,9 +112,9 @@ Json Call(const CallRequest& request) {
   }
   const ModuleLocation where = Locate(class_name);
   const TypeLibrary library = TypeLibrary::Load(where.typelib);
-  const ClassSpec* cls = library.FindClass(request.class_name);
+  const ClassInfo* cls = library.FindClass(request.class_name);
   if (cls == nullptr) throw UsageError("no class " + request.class_name + " in " + where.typelib);
-  const MethodSpec* method = FindMethod(*cls, request.method);
+  const MethodInfo* method = FindMethod(*cls, request.method);
   if (method == nullptr) throw UsageError(cls->name + " has no method " + request.method);
   const std::vector<Json> given = ParseArguments(*method, request.args);
 
@@ -174,7 +174,7 @@ Json Call(const CallRequest& request) {
     VariantClear(&result);
     Json after = Json::object();
     for (const auto& arg : args) {
-      if (arg->spec().byref) after[arg->spec().name] = arg->After();
+      if (arg->info().byref) after[arg->info().name] = arg->After();
     }
     out["args"] = std::move(after);
   }  // the object is released here, before the reports are taken

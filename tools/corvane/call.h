@@ -21,7 +21,7 @@ struct CallRequest {
 
 // The arguments of the method from their JSON texts; a text argument may
 // also be given as bare text that is no JSON. Throws UsageError.
-std::vector<Json> ParseArguments(const MethodSpec& method, const std::vector<std::string>& texts);
+std::vector<Json> ParseArguments(const MethodInfo& method, const std::vector<std::string>& texts);
 
 // Makes the call and returns {"result", "args" (every by-reference argument
 // after the call), "reports", and with trace "statements"}. Throws

@@ -312,7 +312,7 @@ Json CollectionToJson(IDispatch* coll, const std::string& entity) {
   return out;
 }
 
-Argument::Argument(const ArgSpec& spec, const Json* json) : spec_(spec) {
+Argument::Argument(const ArgumentInfo& info, const Json* json) : info_(info) {
   VariantInit(&value_);
   try {
     Fill(json);
@@ -323,19 +323,19 @@ Argument::Argument(const ArgSpec& spec, const Json* json) : spec_(spec) {
 }
 
 void Argument::Fill(const Json* json) {
-  const ArgSpec& spec = spec_;
-  const std::string what = "argument " + spec.name;
-  const std::string& type = spec.type;
+  const ArgumentInfo& info = info_;
+  const std::string what = "argument " + info.name;
+  const std::string& type = info.type;
   if (type == "ENTITY") {
     value_.vt = VT_DISPATCH;
     if (json == nullptr) {
-      value_.pdispVal = EntityFromJson(Json::object(), spec.entity, what);
+      value_.pdispVal = EntityFromJson(Json::object(), info.entity, what);
     } else if (!json->is_null()) {
-      value_.pdispVal = EntityFromJson(*json, spec.entity, what);
+      value_.pdispVal = EntityFromJson(*json, info.entity, what);
     }
   } else if (type == "COLLECTION") {
     if (json != nullptr && !json->is_array() && !json->is_null()) {
-      throw UsageError(what + ": expected an array of " + spec.entity + ", got " + json->dump());
+      throw UsageError(what + ": expected an array of " + info.entity + ", got " + json->dump());
     }
     value_.vt = VT_DISPATCH;
     if (json != nullptr && json->is_null()) return;  // Nothing
@@ -345,20 +345,20 @@ void Argument::Fill(const Json* json) {
       std::vector<VARIANT> args(1);
       args[0].vt = VT_DISPATCH;
       args[0].pdispVal =
-          EntityFromJson((*json)[i], spec.entity, what + "[" + std::to_string(i) + "]");
+          EntityFromJson((*json)[i], info.entity, what + "[" + std::to_string(i) + "]");
       const HRESULT hr = CallByName(value_.pdispVal, "Add", DISPATCH_METHOD, args, nullptr);
       VariantClear(&args[0]);
       if (FAILED(hr)) throw UsageError(what + ": the collection refused an item");
     }
   } else if (type == "ARRAY") {
     const Json empty = Json::array();
-    value_.parray = ArrayFromJson(json == nullptr ? empty : *json, spec.element, what);
+    value_.parray = ArrayFromJson(json == nullptr ? empty : *json, info.element, what);
     VARTYPE element = VT_EMPTY;
     SafeArrayGetVartype(value_.parray, &element);
     value_.vt = static_cast<VARTYPE>(VT_ARRAY | element);
   } else if (json != nullptr) {
     value_ = ScalarFromJson(*json, type, what);
-  } else if (spec.byref) {
+  } else if (info.byref) {
     // Left out: the empty value of its type, for the method to set.
     value_ = EmptyOf(type, what);
   } else {
@@ -369,10 +369,10 @@ void Argument::Fill(const Json* json) {
 Argument::~Argument() { VariantClear(&value_); }
 
 VARIANT Argument::Passed() {
-  if (!spec_.byref) return value_;
+  if (!info_.byref) return value_;
   VARIANT ref;
   VariantInit(&ref);
-  if (spec_.type == "VARIANT") {
+  if (info_.type == "VARIANT") {
     ref.vt = VT_BYREF | VT_VARIANT;
     ref.pvarVal = &value_;
   } else {
@@ -383,11 +383,11 @@ VARIANT Argument::Passed() {
 }
 
 Json Argument::After() const {
-  if (spec_.type == "ENTITY") {
-    return value_.vt == VT_DISPATCH ? EntityToJson(value_.pdispVal, spec_.entity) : nullptr;
+  if (info_.type == "ENTITY") {
+    return value_.vt == VT_DISPATCH ? EntityToJson(value_.pdispVal, info_.entity) : nullptr;
   }
-  if (spec_.type == "COLLECTION") {
-    return value_.vt == VT_DISPATCH ? CollectionToJson(value_.pdispVal, spec_.entity) : nullptr;
+  if (info_.type == "COLLECTION") {
+    return value_.vt == VT_DISPATCH ? CollectionToJson(value_.pdispVal, info_.entity) : nullptr;
   }
   return VariantToJson(value_);
 }

@@ -25,12 +25,12 @@ class Argument {
   // it is then passed empty ("", 0, the zero date, false, Empty, an entity
   // of default properties, no items). Throws UsageError when the JSON is no
   // value of the argument's type.
-  Argument(const ArgSpec& spec, const Json* json);
+  Argument(const ArgumentInfo& info, const Json* json);
   ~Argument();
   Argument(const Argument&) = delete;
   Argument& operator=(const Argument&) = delete;
 
-  const ArgSpec& spec() const { return spec_; }
+  const ArgumentInfo& info() const { return info_; }
   VARIANT Passed();
   // The value after the call, as JSON.
   Json After() const;
@@ -38,7 +38,7 @@ class Argument {
  private:
   void Fill(const Json* json);
 
-  ArgSpec spec_;
+  ArgumentInfo info_;
   VARIANT value_;
 };
 

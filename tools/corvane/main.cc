@@ -30,9 +30,9 @@ const TypeLibrary LoadLibrary() { return TypeLibrary::Load(Locate("").typelib); 
 Json List() {
   const TypeLibrary library = LoadLibrary();
   Json classes = Json::array();
-  for (const ClassSpec& cls : library.classes()) {
+  for (const ClassInfo& cls : library.classes()) {
     Json methods = Json::array();
-    for (const MethodSpec& m : cls.methods) methods.push_back(m.name);
+    for (const MethodInfo& m : cls.methods) methods.push_back(m.name);
     classes.push_back({{"name", cls.name},
                        {"progid", cls.progid},
                        {"clsid", cls.clsid},
@@ -47,14 +47,14 @@ Json List() {
 Json Describe(const std::string& name) {
   const TypeLibrary library = LoadLibrary();
   if (const Json* entity = library.FindEntity(name)) return *entity;
-  const ClassSpec* cls = library.FindClass(name);
+  const ClassInfo* cls = library.FindClass(name);
   if (cls == nullptr) throw UsageError("no class or entity class " + name);
   Json out = cls->document;
   // The entity classes its arguments take, so that the JSON to give is known.
   Json entities = Json::array();
   std::vector<std::string> seen;
-  for (const MethodSpec& m : cls->methods) {
-    for (const ArgSpec& a : m.args) {
+  for (const MethodInfo& m : cls->methods) {
+    for (const ArgumentInfo& a : m.args) {
       if (a.entity.empty()) continue;
       bool known = false;
       for (const std::string& s : seen) known = known || SameName(s, a.entity);

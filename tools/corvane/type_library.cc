@@ -33,19 +33,19 @@ TypeLibrary TypeLibrary::Parse(const nlohmann::ordered_json& document) {
   lib.document_ = document;
   try {
     for (const auto& c : document.at("classes")) {
-      ClassSpec cls;
+      ClassInfo cls;
       cls.name = c.at("name").get<std::string>();
       cls.clsid = c.at("clsid").get<std::string>();
       cls.progid = c.value("progid", "Corvane." + cls.name);
       cls.document = c;
       for (const auto& m : c.at("interface").at("methods")) {
-        MethodSpec method;
+        MethodInfo method;
         method.name = m.at("name").get<std::string>();
         method.dispid = m.at("dispid").get<int>();
         method.slot = m.value("slot", 0);
         method.result = m.at("result").get<std::string>();
         for (const auto& a : m.at("args")) {
-          ArgSpec arg;
+          ArgumentInfo arg;
           arg.name = a.at("name").get<std::string>();
           arg.type = a.at("type").get<std::string>();
           arg.byref = a.value("byref", false);
@@ -63,12 +63,12 @@ TypeLibrary TypeLibrary::Parse(const nlohmann::ordered_json& document) {
   return lib;
 }
 
-const ClassSpec* TypeLibrary::FindClass(std::string_view name) const {
+const ClassInfo* TypeLibrary::FindClass(std::string_view name) const {
   constexpr std::string_view kPrefix = "Corvane.";
   if (name.size() > kPrefix.size() && SameName(name.substr(0, kPrefix.size()), kPrefix)) {
     name.remove_prefix(kPrefix.size());
   }
-  for (const ClassSpec& cls : classes_) {
+  for (const ClassInfo& cls : classes_) {
     if (SameName(cls.name, name)) return &cls;
   }
   return nullptr;
@@ -83,8 +83,8 @@ const nlohmann::ordered_json* TypeLibrary::FindEntity(std::string_view name) con
   return nullptr;
 }
 
-const MethodSpec* FindMethod(const ClassSpec& cls, std::string_view name) {
-  for (const MethodSpec& m : cls.methods) {
+const MethodInfo* FindMethod(const ClassInfo& cls, std::string_view name) {
+  for (const MethodInfo& m : cls.methods) {
     if (SameName(m.name, name)) return &m;
   }
   return nullptr;

@@ -12,7 +12,7 @@
 
 namespace corvane::cli {
 
-struct ArgSpec {
+struct ArgumentInfo {
   std::string name;
   std::string type;     // "BSTR", "R8", "I2", "DATE", "BOOL", "VARIANT", "ENTITY", "COLLECTION", "ARRAY"
   bool byref = false;
@@ -20,20 +20,20 @@ struct ArgSpec {
   std::string element;  // ARRAY: "UI1", "R8" or "BSTR"
 };
 
-struct MethodSpec {
+struct MethodInfo {
   std::string name;
   int dispid = 0;
   int slot = 0;
   std::string result;
-  std::vector<ArgSpec> args;
+  std::vector<ArgumentInfo> args;
 };
 
-struct ClassSpec {
+struct ClassInfo {
   std::string name;    // "clsDataBOrderType"
   std::string clsid;   // "{...}"
   std::string progid;  // "Corvane.clsDataBOrderType"
   nlohmann::ordered_json document;  // the class as the type library has it
-  std::vector<MethodSpec> methods;
+  std::vector<MethodInfo> methods;
 };
 
 class TypeLibrary {
@@ -42,20 +42,20 @@ class TypeLibrary {
   static TypeLibrary Load(const std::string& path);
   static TypeLibrary Parse(const nlohmann::ordered_json& document);
 
-  const std::vector<ClassSpec>& classes() const { return classes_; }
+  const std::vector<ClassInfo>& classes() const { return classes_; }
   const nlohmann::ordered_json& document() const { return document_; }
   // By name, "Corvane." before it or not, without regard to case.
-  const ClassSpec* FindClass(std::string_view name) const;
+  const ClassInfo* FindClass(std::string_view name) const;
   // The entity class's entry of "entities"; null when none.
   const nlohmann::ordered_json* FindEntity(std::string_view name) const;
 
  private:
   nlohmann::ordered_json document_;
-  std::vector<ClassSpec> classes_;
+  std::vector<ClassInfo> classes_;
 };
 
 // The method of that name, without regard to case; null when none.
-const MethodSpec* FindMethod(const ClassSpec& cls, std::string_view name);
+const MethodInfo* FindMethod(const ClassInfo& cls, std::string_view name);
 
 // ASCII names compared without regard to case.
 bool SameName(std::string_view a, std::string_view b);
