@@ -2,7 +2,6 @@
 // above all) with Add(item), Count, Item(index from 1; the default member)
 // and Remove(index), as the host runtime's collection has them. It holds a
 // copy of each item, and so a reference on each object put in.
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -10,6 +9,7 @@
 #include "corvane/automation.h"
 #include "corvane/automation/bridge.h"
 #include "corvane/automation/internal/convert.h"
+#include "corvane/automation/internal/dispatch_object.h"
 #include "corvane/frame/error.h"
 #include "corvane/frame/variant.h"
 
@@ -21,37 +21,10 @@ constexpr DISPID kAdd = 1;
 constexpr DISPID kCount = 2;
 constexpr DISPID kRemove = 3;
 
-class CollectionObject final : public IDispatch {
+class CollectionObject final : public internal::DispatchObject {
  public:
   static IDispatch* Create() {
     return std::unique_ptr<CollectionObject>(new CollectionObject()).release();
-  }
-
-  HRESULT QueryInterface(REFIID riid, void** ppv) override {
-    if (ppv == nullptr) return E_POINTER;
-    if (CorvaneGuidEqual(&riid, &IID_IUnknown) || CorvaneGuidEqual(&riid, &IID_IDispatch)) {
-      *ppv = static_cast<IDispatch*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *ppv = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG AddRef() override { return ++refs_; }
-  ULONG Release() override {
-    const ULONG left = --refs_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  HRESULT GetTypeInfoCount(UINT* pctinfo) override {
-    if (pctinfo == nullptr) return E_POINTER;
-    *pctinfo = 0;
-    return S_OK;
-  }
-  HRESULT GetTypeInfo(UINT, LCID, ITypeInfo** ppTInfo) override {
-    if (ppTInfo != nullptr) *ppTInfo = nullptr;
-    return DISP_E_BADINDEX;
   }
 
   HRESULT GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
@@ -130,7 +103,7 @@ class CollectionObject final : public IDispatch {
   friend struct std::default_delete<CollectionObject>;
 
   CollectionObject() = default;
-  ~CollectionObject() {
+  ~CollectionObject() override {
     for (VARIANT& item : items_) VariantClear(&item);
   }
 
@@ -150,7 +123,6 @@ class CollectionObject final : public IDispatch {
     return S_OK;
   }
 
-  std::atomic<ULONG> refs_{1};
   std::vector<VARIANT> items_;
 };
 

@@ -5,50 +5,23 @@
 #ifndef CORVANE_AUTOMATION_INTERNAL_ENTITY_OBJECT_H_
 #define CORVANE_AUTOMATION_INTERNAL_ENTITY_OBJECT_H_
 
-#include <atomic>
 #include <memory>
 #include <utility>
 #include <variant>
 
 #include "corvane/automation.h"
 #include "corvane/automation/internal/convert.h"
+#include "corvane/automation/internal/dispatch_object.h"
 #include "corvane/automation/internal/entity_fields.h"
 
 namespace corvane::automation::internal {
 
 template <class E>
-class EntityObject final : public IDispatch {
+class EntityObject final : public DispatchObject {
  public:
   // A new object with one reference, the caller's.
   static IDispatch* Create(const E& value) {
     return std::unique_ptr<EntityObject>(new EntityObject(value)).release();
-  }
-
-  HRESULT QueryInterface(REFIID riid, void** ppv) override {
-    if (ppv == nullptr) return E_POINTER;
-    if (CorvaneGuidEqual(&riid, &IID_IUnknown) || CorvaneGuidEqual(&riid, &IID_IDispatch)) {
-      *ppv = static_cast<IDispatch*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *ppv = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG AddRef() override { return ++refs_; }
-  ULONG Release() override {
-    const ULONG left = --refs_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  HRESULT GetTypeInfoCount(UINT* pctinfo) override {
-    if (pctinfo == nullptr) return E_POINTER;
-    *pctinfo = 0;
-    return S_OK;
-  }
-  HRESULT GetTypeInfo(UINT, LCID, ITypeInfo** ppTInfo) override {
-    if (ppTInfo != nullptr) *ppTInfo = nullptr;
-    return DISP_E_BADINDEX;
   }
 
   HRESULT GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
@@ -99,9 +72,7 @@ class EntityObject final : public IDispatch {
   static constexpr const auto& kFields = EntityFields<E>::kFields;
 
   explicit EntityObject(const E& value) : value_(value) {}
-  ~EntityObject() = default;
 
-  std::atomic<ULONG> refs_{1};
   E value_;
 };
 
