@@ -16,6 +16,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/order_road.h"
 #include "corvane/corvane.h"
 #include "tests/support/private_server.h"
 
@@ -68,36 +69,7 @@ double Road(int n) {
   const Clock::time_point start = Clock::now();
   corvane::clsDataBOrderh orders;
   corvane::clsDataBOrderi lines;
-  for (int i = 0; i < n; ++i) {
-    const auto today = orders.QueryTF();
-    corvane::clsEntSitemNo last;
-    orders.QueryChkitemiNo(last);
-    const double number = today == 2 ? last.no + 1 : last.no;
-    corvane::clsEntBOrderh order;
-    order.OrderNo = number;
-    order.OrderDate = last.fndate;
-    order.CustNo = "C001";
-    order.SalerId = "S01";
-    order.Tabler = "wang";
-    order.Currency = "CNY";
-    if (orders.AddRecord(order) != 1) throw std::runtime_error("the road's order was refused");
-    orders.UpdateAddSitemNo();
-    corvane::clsEntBOrderi line;
-    line.OrderNo = number;
-    line.ItemNo = "GEAR-40";
-    line.Price = 12.5;
-    line.OrdQty = 80;
-    line.No = "1";
-    line.Tax = 13;
-    line.Rate = 1;
-    lines.AddBOrderi(line);
-    line.ItemNo = "SHAFT-12";
-    line.No = "2";
-    lines.AddBOrderi(line);
-    lines.UpdateFCorLC(number);
-    orders.UpdateChecke("wang", number);
-    orders.UpdateApprove("li", number);
-  }
+  for (int i = 0; i < n; ++i) corvane::bench::OneOrder(orders, lines);
   return Seconds(Clock::now() - start);
 }
 
