@@ -93,6 +93,39 @@ class clsDataBProbe : private Repository {
     return result;
   }
 
+  // The same with the fallback written as the text "" in the read itself, as
+  // the repositories write their text reads.
+  std::int16_t QueryNzText(std::int32_t ID, const std::string& Column, Kind kind,
+                           Variant& Value) {
+    std::int16_t result = 0;
+    Guard(kPlainReport, [&] {
+      ReadOpen("select * from t_probe where F_ID = " + Text(ID));
+      if (NoRow()) {
+        rs().Close();
+        return;
+      }
+      Value = Convert(Nz(Column, ""), kind);
+      rs().Close();
+      result = 1;
+    }, [&] { result = 2; });
+    return result;
+  }
+
+  // Writes Name into row ID by keyset-edit and reads F_Name back by the NZ
+  // read before the row is stored, then stores it. 1 done, 2 failure.
+  std::int16_t RenameAndReadBack(std::int32_t ID, const std::string& Name, std::string& Read) {
+    std::int16_t result = 0;
+    Guard(kPlainReport, [&] {
+      KeysetEdit("select * from t_probe where F_ID = " + Text(ID));
+      Write("F_Name", Name);
+      Read = Nz("F_Name", "").CStr();
+      rs().Update();
+      rs().Close();
+      result = 1;
+    }, [&] { result = 2; });
+    return result;
+  }
+
   // The NZ read where the null test and the value name different columns.
   std::int16_t QueryNzOf(std::int32_t ID, const std::string& TestColumn,
                          const std::string& ValueColumn, const Variant& Fallback, Kind kind,
@@ -430,6 +463,47 @@ TEST_F(RepositoryTest, NzReadOfAValueIgnoresTheFallback) {
     EXPECT_EQ(f.expected, value);
   }
   EXPECT_TRUE(Reports().empty());
+}
+
+TEST_F(RepositoryTest, NzReadWithATextFallbackInTheReadIsTheReadWithTheValue) {
+  // Row 1 holds nulls (the fallback stands), row 2 values (it does not).
+  for (const std::int32_t id : {1, 2}) {
+    for (const char* column : {"F_Name", "F_Amount", "F_Small", "F_Whole", "F_When"}) {
+      for (const Kind kind : {Kind::kStr, Kind::kR8, Kind::kI2, Kind::kI4, Kind::kDate}) {
+        SCOPED_TRACE(std::string(column) + " of row " + std::to_string(id) + " as kind " +
+                     std::to_string(static_cast<int>(kind)));
+        Clear();
+        clsDataBProbe by_value, by_text;
+        Variant with_value = "untouched", with_text = "untouched";
+        const std::int16_t expected = by_value.QueryNz(id, column, "", kind, kPlainReport, with_value);
+        const std::vector<Report> expected_reports = Reports();
+        Clear();
+        EXPECT_EQ(expected, by_text.QueryNzText(id, column, kind, with_text));
+        EXPECT_EQ(with_value, with_text);
+        EXPECT_EQ(expected_reports, Reports());
+      }
+    }
+  }
+  // The case the table above must hold at least once each way.
+  clsDataBProbe probe;
+  Variant value;
+  Clear();
+  EXPECT_EQ(1, probe.QueryNzText(1, "F_Name", Kind::kStr, value));
+  EXPECT_EQ(Variant(std::string()), value);
+  EXPECT_EQ(2, probe.QueryNzText(1, "F_Amount", Kind::kR8, value));
+  EXPECT_EQ(std::vector<Report>{PlainReport("Type mismatch")}, Reports());
+}
+
+TEST_F(RepositoryTest, NzReadOfAWrittenColumnBeforeUpdateGivesTheWrittenValue) {
+  clsDataBProbe probe;
+  std::string read;
+  EXPECT_EQ(1, probe.RenameAndReadBack(2, "renamed", read));
+  EXPECT_EQ("renamed", read);
+  EXPECT_EQ(1, probe.RenameAndReadBack(1, "first", read));
+  EXPECT_EQ("first", read);
+  EXPECT_TRUE(Reports().empty());
+  EXPECT_EQ((std::vector<std::vector<std::string>>{{"1", "first"}, {"2", "renamed"}}),
+            db().Rows("select F_ID, F_Name from t_probe order by F_ID"));
 }
 
 TEST_F(RepositoryTest, NzReadFailureInEachReport) {
