@@ -411,11 +411,27 @@ template <class A>
   requires ScalarType<std::remove_cvref_t<A>>
 struct Arg<A> : ScalarArg<A> {};
 
+// What the arguments reached through IDispatch (entities, entity variables,
+// collections) have alike in a vtable slot: IDispatch**, given to the
+// dispatcher as a VT_BYREF|VT_DISPATCH.
+struct DispatchSlot {
+  template <Pass P>
+  using Abi = IDispatch**;
+  template <Pass P>
+  static VARIANT Wrap(IDispatch** a) {
+    VARIANT v;
+    VariantInit(&v);
+    v.vt = VT_BYREF | VT_DISPATCH;
+    v.ppdispVal = a;
+    return v;
+  }
+};
+
 // An entity, given by reference (E&, const E&): read before the call and
 // written back after it.
 template <class A>
   requires(std::is_lvalue_reference_v<A> && EntityType<std::remove_cvref_t<A>>)
-struct Arg<A> {
+struct Arg<A> : DispatchSlot {
   using E = std::remove_cvref_t<A>;
   struct Holder {
     E value;
@@ -440,23 +456,13 @@ struct Arg<A> {
       automation::WriteEntity(h.value, h.object);
     }
   }
-  template <Pass P>
-  using Abi = IDispatch**;
-  template <Pass P>
-  static VARIANT Wrap(IDispatch** a) {
-    VARIANT v;
-    VariantInit(&v);
-    v.vt = VT_BYREF | VT_DISPATCH;
-    v.ppdispVal = a;
-    return v;
-  }
 };
 
 // An entity variable the method may point at another entity
 // (std::shared_ptr<E>&): the caller's variable then refers to that entity's
 // object, the one in the caller's collection where the method added it.
 template <class E>
-struct Arg<std::shared_ptr<E>&> {
+struct Arg<std::shared_ptr<E>&> : DispatchSlot {
   struct Holder {
     std::shared_ptr<E> value;
     std::shared_ptr<E> before;  // kept alive, so that no new entity takes its address
@@ -490,22 +496,12 @@ struct Arg<std::shared_ptr<E>&> {
     }
     ReplaceObject(arg, object);
   }
-  template <Pass P>
-  using Abi = IDispatch**;
-  template <Pass P>
-  static VARIANT Wrap(IDispatch** a) {
-    VARIANT v;
-    VariantInit(&v);
-    v.vt = VT_BYREF | VT_DISPATCH;
-    v.ppdispVal = a;
-    return v;
-  }
 };
 
 // A collection: the method fills a fresh one, and each entity it added is
 // appended to the caller's collection through its Add member.
 template <class E>
-struct Arg<Collection<E>*> {
+struct Arg<Collection<E>*> : DispatchSlot {
   struct Holder {
     Collection<E> value;
     IDispatch* object = nullptr;
@@ -533,16 +529,6 @@ struct Arg<Collection<E>*> {
       args[0].pdispVal = object;
       automation::CallByName(h.object, "Add", DISPATCH_METHOD, args, nullptr);
     }
-  }
-  template <Pass P>
-  using Abi = IDispatch**;
-  template <Pass P>
-  static VARIANT Wrap(IDispatch** a) {
-    VARIANT v;
-    VariantInit(&v);
-    v.vt = VT_BYREF | VT_DISPATCH;
-    v.ppdispVal = a;
-    return v;
   }
 };
 
