@@ -3,6 +3,7 @@
 // and what it wrote is on every node when the call has returned.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -119,6 +120,29 @@ TEST_F(OrderRoadTest, TheListIsTriedInTheTextsOrder) {
     EXPECT_EQ("T1,T2,T3", OnNode(n)->Value("select group_concat(F_OrderType order by F_OrderType) "
                                             "from t_bordertype"));
   }
+  EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(OrderRoadTest, LoadBalanceRandomStartsFromAnyServerOfTheList) {
+  // Each session dials a connection of its own.
+  SetSessionPool(SessionPoolOptions{.enabled = false, .share_within_thread = false});
+  SetSessionConnectionString(ClusterText(database()) + ";LOADBALANCE=random");
+  std::set<std::string> used;
+  for (int i = 0; i < 24; ++i) {
+    clsDbSession probe;
+    probe.Open();
+    const std::string server = probe.Connection()->link().ServerInUse();
+    EXPECT_TRUE(server == "127.0.0.1:4306" || server == "127.0.0.1:4307" ||
+                server == "127.0.0.1:4308")
+        << server;
+    used.insert(server);
+    clsDataBOrderType types;
+    Collection<clsEntBOrderType> all;
+    EXPECT_EQ(0, types.QueryAll(&all));
+  }
+  SetSessionPool(SessionPoolOptions{});
+  // Three starts equally likely: one server 24 times in a row is 1 in 10^11.
+  EXPECT_GE(used.size(), 2u);
   EXPECT_TRUE(reports().empty());
 }
 
