@@ -221,6 +221,63 @@ TEST_F(SessionPoolTest, AddingToALargeTableGivesUpTheConnectionOfTheUnreadRows) 
   EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(SessionPoolTest, AGivenUpConnectionIsReplacedByASpareDialledBeforehand) {
+  db().Exec("insert into t_bordertype select concat('N', seq) from seq_1_to_20000");
+  clsDataBOrderType repo;
+  clsEntBOrderType first{"First"};
+  EXPECT_EQ(1, repo.AddRecord(first));
+  // The first give-up dials in place; the pool has a spare dialled for the
+  // next one.
+  internal::SettleSpares();
+  ASSERT_EQ(1u, internal::IdleConnections());
+  // A session of this thread shares the connection the repository holds.
+  clsDbSession same;
+  same.Open();
+  const std::string held = IdOf(same);
+  std::set<std::string> spare = Connections();
+  spare.erase(held);
+  ASSERT_EQ(1u, spare.size());
+
+  Clear();
+  clsEntBOrderType second{"Second"};
+  EXPECT_EQ(1, repo.AddRecord(second));
+  EXPECT_EQ((Strings{"select * from T_BOrderType where F_OrderType = 'Second'",
+                     "select * from T_BOrderType"}),
+            Commands());
+  EXPECT_EQ(*spare.begin(), IdOf(same));
+  internal::SettleSpares();
+  EXPECT_EQ(1u, internal::IdleConnections());
+  EXPECT_EQ(20002, db().Count("t_bordertype"));
+  EXPECT_EQ("1", db().Scalar("select count(*) from t_bordertype where F_OrderType='Second'"));
+  EXPECT_TRUE(Reports().empty());
+}
+
+TEST_F(SessionPoolTest, NoSpareIsDialledWhenThePoolKeepsNothing) {
+  SetSessionPool(SessionPoolOptions{.enabled = false});
+  db().Exec("insert into t_bordertype select concat('N', seq) from seq_1_to_20000");
+  clsDataBOrderType repo;
+  clsEntBOrderType e{"Added"};
+  EXPECT_EQ(1, repo.AddRecord(e));
+  internal::SettleSpares();
+  EXPECT_EQ(0u, internal::IdleConnections());
+  EXPECT_EQ(20001, db().Count("t_bordertype"));
+}
+
+TEST_F(SessionPoolTest, ASpareAskedForIsSettledBeforeNewOptionsTakeHold) {
+  db().Exec("insert into t_bordertype select concat('N', seq) from seq_1_to_20000");
+  {
+    clsDataBOrderType repo;
+    clsEntBOrderType e{"Added"};
+    EXPECT_EQ(1, repo.AddRecord(e));
+  }
+  // Whether or not the spare was dialled yet, none is left once the pool is
+  // told to keep nothing, and none comes afterwards.
+  SetSessionPool(SessionPoolOptions{.max_idle = 0});
+  EXPECT_EQ(0u, internal::IdleConnections());
+  internal::SettleSpares();
+  EXPECT_EQ(0u, internal::IdleConnections());
+}
+
 TEST_F(SessionPoolTest, AddingToASmallTableKeepsTheConnection) {
   db().Exec("insert into t_bordertype select concat('N', seq) from seq_1_to_50");
   clsDataBOrderType repo;

@@ -207,7 +207,11 @@ void Link::Ready() {
   const bool lost = mysql_ != nullptr || dropped_;
   const std::size_t was = server_index_;
   Hangup();
-  Dial(params_.servers.empty() ? 0 : (was + (lost ? 1 : 0)) % params_.servers.size());
+  const bool refill = !lost && params_.servers.empty() && take_spare_;
+  spare_used_ = refill;
+  if (!refill || !take_spare_(*this)) {
+    Dial(params_.servers.empty() ? 0 : (was + (lost ? 1 : 0)) % params_.servers.size());
+  }
   ++reconnects_;
   if (server_index_ != was) ++failovers_;
 }
@@ -228,6 +232,16 @@ void Link::Abandon(MYSQL_RES* result) {
     mysql_close(mysql_);  // forces the handle ready, says goodbye, closes
     mysql_ = nullptr;
   }
+}
+
+void Link::TakeWire(Link& from) {
+  Hangup();
+  mysql_ = from.mysql_;
+  from.mysql_ = nullptr;
+  server_index_ = from.server_index_;
+  char_width_ = from.char_width_;
+  dropped_ = false;
+  from.Disconnect();
 }
 
 void Link::NoteFailure() {
@@ -274,7 +288,12 @@ MYSQL_RES* Link::Run(StatementKind kind, std::string_view sql, bool stream) {
 }
 
 MYSQL_RES* Link::Send(std::string_view sql, bool stream) {
-  if (mysql_real_query(mysql_, sql.data(), sql.size()) != 0) ThrowLastError();
+  const bool sent = mysql_real_query(mysql_, sql.data(), sql.size()) == 0;
+  if (spare_used_) {
+    spare_used_ = false;
+    if (want_spare_) want_spare_();
+  }
+  if (!sent) ThrowLastError();
   if (mysql_field_count(mysql_) == 0) return nullptr;
   MYSQL_RES* res = stream ? mysql_use_result(mysql_) : mysql_store_result(mysql_);
   if (res == nullptr) ThrowLastError();

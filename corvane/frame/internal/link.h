@@ -29,6 +29,7 @@
 #include <mysql.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -97,6 +98,22 @@ class Link {
   // dropped.
   void NoteFailure();
 
+  // Where a wire given up on purpose is replaced from before a new one is
+  // dialled: take moves a wire already dialled with the same connection text
+  // into the link (TakeWire) and returns true, or returns false; want is
+  // called once the first statement on the replacement has its answer, so
+  // that the source can ready another one for the next time without
+  // competing with that statement. Only a link to one server uses them: a
+  // new wire to a cluster must wait for the cluster's writes when it is
+  // needed, not when it was dialled.
+  void SetRefill(std::function<bool(Link&)> take, std::function<void()> want) {
+    take_spare_ = std::move(take);
+    want_spare_ = std::move(want);
+  }
+  // Takes the open wire of from, which was dialled with the same text; from
+  // is left disconnected.
+  void TakeWire(Link& from);
+
   void BeginStreaming(Streamer* streamer) { streamer_ = streamer; }
   void EndStreaming(const Streamer* streamer) {
     if (streamer_ == streamer) streamer_ = nullptr;
@@ -157,6 +174,9 @@ class Link {
   Streamer* streamer_ = nullptr;
   unsigned char_width_ = 4;
   std::map<std::string, TableInfo> tables_;
+  std::function<bool(Link&)> take_spare_;
+  std::function<void()> want_spare_;
+  bool spare_used_ = false;  // a spare was asked for since the last statement
 };
 
 }  // namespace corvane::internal

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <thread>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -18,6 +20,19 @@ using Clock = std::chrono::steady_clock;
 
 class Pool {
  public:
+  Pool() = default;
+  Pool(const Pool&) = delete;
+  Pool& operator=(const Pool&) = delete;
+  ~Pool() {
+    {
+      std::lock_guard<std::mutex> lock(mu_);
+      stopping_ = true;
+      wanted_.clear();
+    }
+    changed_.notify_all();
+    if (dialler_.joinable()) dialler_.join();
+  }
+
   SessionPoolOptions options() {
     std::lock_guard<std::mutex> lock(mu_);
     return options_;
@@ -26,7 +41,11 @@ class Pool {
   void Configure(const SessionPoolOptions& options) {
     std::vector<std::unique_ptr<Connection>> closing;
     {
-      std::lock_guard<std::mutex> lock(mu_);
+      std::unique_lock<std::mutex> lock(mu_);
+      // A spare asked for under the old options is not dialled; one being
+      // dialled is waited for, so that what is idle afterwards is settled.
+      wanted_.clear();
+      changed_.wait(lock, [&] { return !dialling_; });
       options_ = options;
       if (!options_.enabled) options_.max_idle = 0;
       Trim(Clock::now(), &closing);
@@ -61,6 +80,33 @@ class Pool {
     Trim(now, &closing);
   }
 
+  // Hands link an idle wire for key in place of the one it gave up. Want
+  // then has another dialled in the background for the next time: a rowset
+  // that gives up its wire (a whole table left unread) does so again and
+  // again on the same text, and its next statement should not wait for a
+  // dial.
+  bool Refill(const std::string& key, Link& link) {
+    std::unique_ptr<Connection> spare = Take(key);
+    if (!spare) return false;
+    link.TakeWire(spare->link());
+    return true;
+  }
+
+  // Asks the dialler for one idle connection more for key, unless one is
+  // asked for or being dialled already, or the pool keeps nothing idle.
+  void Want(const std::string& key) noexcept {
+    try {
+      WantOrThrow(key);
+    } catch (...) {
+      // No spare (no memory, no thread): the next give-up dials in place.
+    }
+  }
+
+  void Settle() {
+    std::unique_lock<std::mutex> lock(mu_);
+    changed_.wait(lock, [&] { return wanted_.empty() && !dialling_; });
+  }
+
   std::size_t idle() {
     std::lock_guard<std::mutex> lock(mu_);
     return idle_.size();
@@ -83,9 +129,65 @@ class Pool {
     }
   }
 
+  void WantOrThrow(const std::string& key) {
+    {
+      std::lock_guard<std::mutex> lock(mu_);
+      if (stopping_ || !options_.enabled || options_.max_idle == 0) return;
+      if ((dialling_ && dialling_key_ == key) ||
+          std::find(wanted_.begin(), wanted_.end(), key) != wanted_.end()) {
+        return;
+      }
+      wanted_.push_back(key);
+      if (!dialler_.joinable()) dialler_ = std::thread([this] { Dialler(); });
+    }
+    changed_.notify_all();
+  }
+
+  // The dialler's thread: opens the connections asked for and puts them
+  // among the idle ones. One that cannot be opened is not retried: the
+  // statement that needs a wire dials one itself and reports what fails.
+  void Dialler() {
+    std::unique_lock<std::mutex> lock(mu_);
+    while (true) {
+      changed_.wait(lock, [&] { return stopping_ || !wanted_.empty(); });
+      if (stopping_) return;
+      dialling_key_ = std::move(wanted_.front());
+      wanted_.pop_front();
+      dialling_ = true;
+      lock.unlock();
+      auto connection = std::make_unique<Connection>();
+      bool opened = false;
+      try {
+        connection->SetConnectionString(dialling_key_);
+        connection->Open();
+        opened = true;
+      } catch (...) {
+      }
+      std::vector<std::unique_ptr<Connection>> closing;
+      lock.lock();
+      if (opened && !stopping_ && options_.enabled) {
+        const Clock::time_point now = Clock::now();
+        idle_.push_back(Idle{dialling_key_, std::move(connection), now});
+        Trim(now, &closing);
+      }
+      dialling_ = false;
+      changed_.notify_all();
+      lock.unlock();
+      closing.clear();
+      connection.reset();
+      lock.lock();
+    }
+  }
+
   std::mutex mu_;
+  std::condition_variable changed_;
   SessionPoolOptions options_;
   std::deque<Idle> idle_;  // the most recently returned last
+  std::deque<std::string> wanted_;  // keys the dialler is asked to open one for
+  std::string dialling_key_;
+  bool dialling_ = false;
+  bool stopping_ = false;
+  std::thread dialler_;  // started with the first spare asked for
 };
 
 // The pool lives as long as anything can still return a connection to it.
@@ -124,6 +226,14 @@ std::shared_ptr<Connection> AcquireConnection(const std::string& text) {
     connection->SetConnectionString(text);
     connection->Open();
   }
+  if (options.enabled) {
+    connection->link().SetRefill([weak = std::weak_ptr<Pool>(pool), text](Link& link) {
+      const std::shared_ptr<Pool> p = weak.lock();
+      return p && p->Refill(text, link);
+    }, [weak = std::weak_ptr<Pool>(pool), text] {
+      if (const std::shared_ptr<Pool> p = weak.lock()) p->Want(text);
+    });
+  }
   std::shared_ptr<Connection> shared(connection.release(),
                                      ReturnToPool{pool, text, options.enabled});
   if (options.share_within_thread) {
@@ -139,6 +249,8 @@ bool ConnectionsAreKept() {
 }
 
 std::size_t IdleConnections() { return ThePool()->idle(); }
+
+void SettleSpares() { ThePool()->Settle(); }
 
 }  // namespace corvane::internal
 
