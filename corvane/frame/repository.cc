@@ -76,26 +76,37 @@ void Repository::KeysetEditWithDefaults(const std::string& sql) {
 
 NzValue Repository::NzRead(std::string_view null_test_column, std::string_view value_column,
                            const Variant* fallback, const char* fallback_chars) {
-  Recordset& r = rs();
-  // The second fetch of the same name finds the same field.
-  const bool same = null_test_column.data() == value_column.data() &&
-                    null_test_column.size() == value_column.size();
-  if (same && r.rowset_) {
-    // The usual read of a row being walked: the cell is looked at once.
-    const internal::Rowset& rows = *r.rowset_;
-    const std::size_t i = rows.Find(null_test_column);
-    internal::CellView cell;
-    if (rows.PlainCell(i, &cell)) {
-      const Field field(&rows, i);
-      if (!cell) return NzValue(field, fallback, fallback_chars);
-      if (rows.column(i).plain_text) return NzValue(field, *cell);
-      return NzValue(field);
-    }
+  // Everything but the usual read of a walked row, kept out of the way of it:
+  // the field fetched and tested, fetched again, the fallback taken if null.
+  const auto fetch_twice = [this](std::string_view test_name, std::string_view value_name,
+                                  const Variant* value_fallback,
+                                  const char* chars_fallback) __attribute__((noinline)) {
+    Recordset& r = rs();
+    const Field test = r.Fields(test_name);
+    const bool is_null = test.IsNull();
+    const bool same =
+        test_name.data() == value_name.data() && test_name.size() == value_name.size();
+    const Field value = same ? test : r.Fields(value_name);
+    return is_null ? NzValue(value, value_fallback, chars_fallback) : NzValue(value);
+  };
+  // The usual read of a row being walked, a name read on the row before: the
+  // second fetch of the same name finds the same field, and the cell is
+  // looked at once.
+  const Recordset* const r = rs_.get();
+  if (r == nullptr || !r->rowset_ || null_test_column.data() != value_column.data() ||
+      null_test_column.size() != value_column.size()) {
+    return fetch_twice(null_test_column, value_column, fallback, fallback_chars);
   }
-  const Field test = r.Fields(null_test_column);
-  const bool is_null = test.IsNull();
-  const Field value = same ? test : r.Fields(value_column);
-  return is_null ? NzValue(value, fallback, fallback_chars) : NzValue(value);
+  const internal::Rowset& rows = *r->rowset_;
+  std::size_t i;
+  internal::CellView cell;
+  if (!rows.Remembered(null_test_column, &i) || !rows.PlainCell(i, &cell)) {
+    return fetch_twice(null_test_column, value_column, fallback, fallback_chars);
+  }
+  const Field field(&rows, i);
+  if (!cell) return NzValue(field, fallback, fallback_chars);
+  if (rows.column(i).plain_text) return NzValue(field, *cell);
+  return NzValue(field);
 }
 
 Variant NzValue::Get() const {

@@ -55,12 +55,19 @@ class Rowset final : public Streamer {
 
   // Throws item not found.
   std::size_t Find(std::string_view name) const {
+    std::size_t i;
+    return Remembered(name, &i) ? i : FindAndRemember(name);
+  }
+  // The column of a name asked for before from the same place: true with *i
+  // set; false when the name must be looked up (Find).
+  bool Remembered(std::string_view name, std::size_t* i) const {
     const Memo& memo = memo_[MemoSlot(name)];
     if (memo.data == name.data() && memo.text.size() == name.size() &&
         SameBytes(memo.text.data(), name.data(), name.size())) {
-      return memo.index;
+      *i = memo.index;
+      return true;
     }
-    return FindAndRemember(name);
+    return false;
   }
   const Column& column(std::size_t i) const { return columns_[i]; }
   Variant Value(std::size_t i) const;
