@@ -234,6 +234,7 @@ TEST_F(SessionPoolTest, AGivenUpConnectionIsReplacedByASpareDialledBeforehand) {
   clsDbSession same;
   same.Open();
   const std::string held = IdOf(same);
+  AwaitConnections(2);  // the given-up one gone; the one held and the spare
   std::set<std::string> spare = Connections();
   spare.erase(held);
   ASSERT_EQ(1u, spare.size());
