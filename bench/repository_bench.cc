@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/listing_by_hand.h"
 #include "corvane/corvane.h"
 
 namespace {
@@ -77,15 +78,7 @@ void BM_QueryAll_ByHand(benchmark::State& state) {
   MYSQL* m = Connect(kDatabase);
   for (auto _ : state) {
     corvane::Collection<corvane::clsEntBOrderType> all;
-    const std::string sql = "Select * From T_BOrderType ";
-    mysql_real_query(m, sql.data(), sql.size());
-    MYSQL_RES* r = mysql_use_result(m);
-    while (MYSQL_ROW row = mysql_fetch_row(r)) {
-      auto e = std::make_shared<corvane::clsEntBOrderType>();
-      e->OrderType = row[0] != nullptr ? row[0] : "";
-      all.Add(std::move(e));
-    }
-    mysql_free_result(r);
+    corvane::bench::ListOrderTypesByHand(m, &all);
     benchmark::DoNotOptimize(all.Count());
   }
   mysql_close(m);

@@ -28,6 +28,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/listing_by_hand.h"
 #include "bench/order_road.h"
 #include "corvane/corvane.h"
 
@@ -243,7 +244,6 @@ int main(int argc, char** argv) {
   {
     corvane::clsDataBOrderType repo;
     MYSQL* m = Connect(kDatabase);
-    const std::string sql = "Select * From T_BOrderType ";
     for (int r = 0; r < 3 * rounds; ++r) {
       for (int k = 0; k < 2; ++k) {
         const double start = ThreadCpuSeconds();
@@ -252,16 +252,7 @@ int main(int argc, char** argv) {
           if ((k + r) % 2 == 0) {
             repo.QueryAll(&all);
           } else {
-            if (mysql_real_query(m, sql.data(), sql.size()) != 0) {
-              throw std::runtime_error(mysql_error(m));
-            }
-            MYSQL_RES* res = mysql_use_result(m);
-            while (MYSQL_ROW row = mysql_fetch_row(res)) {
-              auto e = std::make_shared<corvane::clsEntBOrderType>();
-              e->OrderType = row[0] != nullptr ? row[0] : "";
-              all.Add(std::move(e));
-            }
-            mysql_free_result(res);
+            corvane::bench::ListOrderTypesByHand(m, &all);
           }
           if (all.Count() != 20000) throw std::runtime_error("the listing lost rows");
         }
