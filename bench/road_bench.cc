@@ -139,6 +139,35 @@ double Replay(const std::vector<std::string>& statements) {
   return wall;
 }
 
+// The library's connection text for a bench database.
+std::string LibraryText(const char* database) {
+  return std::string("SERVER=127.0.0.1;PORT=3306;DATABASE=") + database +
+         ";UID=corvane;PWD=corvane";
+}
+
+// n rounds of the library side and the reference side in turns, the side
+// that goes first alternating; each side's measure (what its function
+// returns) is appended to its list, and each round's two measures make one
+// ratio, so that the server's drift (the disk's flush times above all)
+// weighs on both sides of it alike. Returns the rounds' ratios.
+template <class Library, class Reference>
+std::vector<double> InTurns(int n, Library library, Reference reference,
+                            std::vector<double>* library_measures,
+                            std::vector<double>* reference_measures) {
+  std::vector<double> ratios;
+  for (int r = 0; r < n; ++r) {
+    for (int k = 0; k < 2; ++k) {
+      if ((k + r) % 2 == 0) {
+        library_measures->push_back(library());
+      } else {
+        reference_measures->push_back(reference());
+      }
+    }
+    ratios.push_back(library_measures->back() / reference_measures->back());
+  }
+  return ratios;
+}
+
 void FillOrderTypes(int rows, const char* database = kDatabase) {
   MYSQL* m = Connect(database);
   Run(m, "delete from t_bordertype");
@@ -152,67 +181,62 @@ void FillOrderTypes(int rows, const char* database = kDatabase) {
 int main(int argc, char** argv) {
   const int orders = argc > 1 ? std::atoi(argv[1]) : 300;
   const int rounds = 9;
-  corvane::SetSessionConnectionString(std::string("SERVER=127.0.0.1;PORT=3306;DATABASE=") +
-                                      kDatabase + ";UID=corvane;PWD=corvane");
+  corvane::SetSessionConnectionString(LibraryText(kDatabase));
   corvane::SetReportHandler([](const corvane::Report& r) { throw std::runtime_error(r.text); });
 
-  // The road: its statements recorded once, then library and replay on fresh
-  // databases, in turns, the one that goes first alternating; each round's
-  // two times make one ratio, so that the server's drift (the disk's flush
-  // times above all) weighs on both sides of it alike.
+  // The road: its statements recorded once, then library and replay in
+  // turns, each on a fresh database.
   std::vector<std::string> sent;
   FreshDatabase();
   LibraryRoad(orders, &sent);
-  std::vector<double> road_lib, road_hand, road_ratio;
-  for (int r = 0; r < rounds; ++r) {
-    for (int k = 0; k < 2; ++k) {
-      FreshDatabase();
-      if ((k + r) % 2 == 0) {
-        road_lib.push_back(LibraryRoad(orders, nullptr));
-      } else {
-        road_hand.push_back(Replay(sent));
-      }
-    }
-    road_ratio.push_back(road_lib.back() / road_hand.back());
-  }
+  std::vector<double> road_lib, road_hand;
+  const std::vector<double> road_ratio = InTurns(
+      rounds,
+      [&] {
+        FreshDatabase();
+        return LibraryRoad(orders, nullptr);
+      },
+      [&] {
+        FreshDatabase();
+        return Replay(sent);
+      },
+      &road_lib, &road_hand);
 
   // Short-lived objects against one object reused.
   FreshDatabase();
   FillOrderTypes(10);
   constexpr int kCalls = 2000;
-  std::vector<double> short_lived, reused, short_ratio;
-  for (int r = 0; r < rounds; ++r) {
-    for (int k = 0; k < 2; ++k) {
-      const Clock::time_point start = Clock::now();
-      if ((k + r) % 2 == 0) {
+  std::vector<double> short_lived, reused;
+  const std::vector<double> short_ratio = InTurns(
+      rounds,
+      [] {
+        const Clock::time_point start = Clock::now();
         for (int i = 0; i < kCalls; ++i) {
           corvane::clsDataBOrderType repo;
           corvane::Collection<corvane::clsEntBOrderType> all;
           repo.QueryAll(&all);
         }
-        short_lived.push_back(Seconds(Clock::now() - start));
-      } else {
+        return Seconds(Clock::now() - start);
+      },
+      [] {
+        const Clock::time_point start = Clock::now();
         corvane::clsDataBOrderType repo;
         for (int i = 0; i < kCalls; ++i) {
           corvane::Collection<corvane::clsEntBOrderType> all;
           repo.QueryAll(&all);
         }
-        reused.push_back(Seconds(Clock::now() - start));
-      }
-    }
-    short_ratio.push_back(short_lived.back() / reused.back());
-  }
+        return Seconds(Clock::now() - start);
+      },
+      &short_lived, &reused);
 
   // AddRecord on a small and on a large table, each added row taken away
   // again by hand so that the tables keep their sizes.
   FreshDatabase(kSmallDatabase);
   FillOrderTypes(1000, kSmallDatabase);
   FillOrderTypes(1000000, kDatabase);
-  const std::string text = corvane::SessionConnectionString();
-  corvane::SetSessionConnectionString(std::string("SERVER=127.0.0.1;PORT=3306;DATABASE=") +
-                                      kSmallDatabase + ";UID=corvane;PWD=corvane");
+  corvane::SetSessionConnectionString(LibraryText(kSmallDatabase));
   corvane::clsDataBOrderType small_repo;
-  corvane::SetSessionConnectionString(text);
+  corvane::SetSessionConnectionString(LibraryText(kDatabase));
   corvane::clsDataBOrderType large_repo;
   MYSQL* by_hand = Connect(nullptr);
   auto add = [by_hand](corvane::clsDataBOrderType& repo, const char* database) {
@@ -244,22 +268,29 @@ int main(int argc, char** argv) {
   {
     corvane::clsDataBOrderType repo;
     MYSQL* m = Connect(kDatabase);
-    for (int r = 0; r < 3 * rounds; ++r) {
-      for (int k = 0; k < 2; ++k) {
-        const double start = ThreadCpuSeconds();
-        for (int i = 0; i < kListings; ++i) {
-          corvane::Collection<corvane::clsEntBOrderType> all;
-          if ((k + r) % 2 == 0) {
-            repo.QueryAll(&all);
-          } else {
-            corvane::bench::ListOrderTypesByHand(m, &all);
-          }
-          if (all.Count() != 20000) throw std::runtime_error("the listing lost rows");
-        }
-        ((k + r) % 2 == 0 ? list_lib : list_hand).push_back(ThreadCpuSeconds() - start);
+    // The CPU of ten listings, each checked whole.
+    const auto listings = [](auto list) {
+      const double start = ThreadCpuSeconds();
+      for (int i = 0; i < kListings; ++i) {
+        corvane::Collection<corvane::clsEntBOrderType> all;
+        list(&all);
+        if (all.Count() != 20000) throw std::runtime_error("the listing lost rows");
       }
-      list_ratio.push_back(list_lib.back() / list_hand.back());
-    }
+      return ThreadCpuSeconds() - start;
+    };
+    list_ratio = InTurns(
+        3 * rounds,
+        [&] {
+          return listings([&](corvane::Collection<corvane::clsEntBOrderType>* all) {
+            repo.QueryAll(all);
+          });
+        },
+        [&] {
+          return listings([&](corvane::Collection<corvane::clsEntBOrderType>* all) {
+            corvane::bench::ListOrderTypesByHand(m, all);
+          });
+        },
+        &list_lib, &list_hand);
     mysql_close(m);
   }
 

@@ -261,6 +261,9 @@ TEST_F(SessionPoolTest, NoSpareIsDialledWhenThePoolKeepsNothing) {
   EXPECT_EQ(1, repo.AddRecord(e));
   internal::SettleSpares();
   EXPECT_EQ(0u, internal::IdleConnections());
+  // On the server, only the connection that took the given-up one's place.
+  AwaitConnections(1);
+  EXPECT_EQ(1u, Connections().size());
   EXPECT_EQ(20001, db().Count("t_bordertype"));
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-class Pool {
+class Pool : public std::enable_shared_from_this<Pool> {
  public:
   Pool() = default;
   Pool(const Pool&) = delete;
@@ -36,6 +36,26 @@ class Pool {
   SessionPoolOptions options() {
     std::lock_guard<std::mutex> lock(mu_);
     return options_;
+  }
+
+  // A new open connection for key. With spares, its link replaces a wire it
+  // gives up by one from this pool (Refill) and asks for the next (Want);
+  // the connection keeps that for its life, in the pool and out of it.
+  std::unique_ptr<Connection> Open(const std::string& key, bool spares) {
+    auto connection = std::make_unique<Connection>();
+    connection->SetConnectionString(key);
+    connection->Open();
+    if (spares) {
+      connection->link().SetRefill(
+          [weak = weak_from_this(), key](Link& link) {
+            const std::shared_ptr<Pool> p = weak.lock();
+            return p && p->Refill(key, link);
+          },
+          [weak = weak_from_this(), key] {
+            if (const std::shared_ptr<Pool> p = weak.lock()) p->Want(key);
+          });
+    }
+    return connection;
   }
 
   void Configure(const SessionPoolOptions& options) {
@@ -155,17 +175,14 @@ class Pool {
       wanted_.pop_front();
       dialling_ = true;
       lock.unlock();
-      auto connection = std::make_unique<Connection>();
-      bool opened = false;
+      std::unique_ptr<Connection> connection;
       try {
-        connection->SetConnectionString(dialling_key_);
-        connection->Open();
-        opened = true;
+        connection = Open(dialling_key_, true);
       } catch (...) {
       }
       std::vector<std::unique_ptr<Connection>> closing;
       lock.lock();
-      if (opened && !stopping_ && options_.enabled) {
+      if (connection && !stopping_ && options_.enabled) {
         const Clock::time_point now = Clock::now();
         idle_.push_back(Idle{dialling_key_, std::move(connection), now});
         Trim(now, &closing);
@@ -221,19 +238,7 @@ std::shared_ptr<Connection> AcquireConnection(const std::string& text) {
     }
   }
   std::unique_ptr<Connection> connection = options.enabled ? pool->Take(text) : nullptr;
-  if (!connection) {
-    connection = std::make_unique<Connection>();
-    connection->SetConnectionString(text);
-    connection->Open();
-  }
-  if (options.enabled) {
-    connection->link().SetRefill([weak = std::weak_ptr<Pool>(pool), text](Link& link) {
-      const std::shared_ptr<Pool> p = weak.lock();
-      return p && p->Refill(text, link);
-    }, [weak = std::weak_ptr<Pool>(pool), text] {
-      if (const std::shared_ptr<Pool> p = weak.lock()) p->Want(text);
-    });
-  }
+  if (!connection) connection = pool->Open(text, options.enabled);
   std::shared_ptr<Connection> shared(connection.release(),
                                      ReturnToPool{pool, text, options.enabled});
   if (options.share_within_thread) {
